@@ -13,7 +13,8 @@ namespace kelmar {
 // decimal point is ".", there is no thousands separator.
 
 /// Checked conversion to a 32-bit integer. Blanks around the number are allowed, fractions and
-/// exponents are rounded to the nearest integer with ties to even, "&H1F" is hexadecimal.
+/// exponents are rounded to the nearest integer with ties to even, "&H1F" is hexadecimal (a 32-bit
+/// pattern: "&HFFFFFFFF" is -1).
 /// Raises TypeMismatch for a text that is no number, NumericOverflow outside 32 bits.
 std::int32_t toInt32(std::string_view text);
 
@@ -30,8 +31,9 @@ double toDouble(std::string_view text);
 /// True when toDouble would succeed.
 bool isNumeric(std::string_view text);
 
-/// A number with at most 28 significant digits that never prints in exponent form.
-/// value = digits * 10^-scale.
+/// A number with at most 28 significant digits that never prints in exponent form, taken from the
+/// shortest text that reads back as the double. Digits beyond 28 decimals are rounded off, ties to
+/// even. value = digits * 10^-scale.
 class Decimal {
  public:
   Decimal() = default;
@@ -51,14 +53,17 @@ class Decimal {
 };
 
 /// The number text of the ECU file: a blank before a non-negative number, no zero before the
-/// point, at most 15 significant digits, exponent form ("1E-05") outside 1E-?..1E+15 as documented
-/// in the source. 0.5 gives " .5", -0.25 gives "-.25", 2 gives " 2", 0.00001 gives " 1E-05".
+/// point, at most 15 significant digits. Plain digits from 0.0001 to below 1E+15; smaller and larger
+/// numbers in exponent form, mantissa, "E", sign and at least two digits. 0.5 gives " .5", -0.25
+/// gives "-.25", 2 gives " 2", 0.0001 gives " .0001", 0.00001 gives " 1E-05". The text reads back to
+/// 15 digits, and what was read back gives the same text again.
 std::string NumberToText(double value);
 /// The same form for a decimal; never an exponent: " .00001".
 std::string NumberToText(const Decimal& value);
 
 /// The longest number at the start of the text: leading blanks are skipped, digits with at most
-/// one ".", an optional exponent "E". A text without a number yields 0. Never fails.
+/// one ".", an optional sign in front, an optional exponent "E". A text without a number yields 0; a
+/// number beyond a double yields the largest one of its sign. Never fails.
 double TextToNumber(std::string_view text);
 
 /// A double as people write it, without the leading blank and with a zero before the point:

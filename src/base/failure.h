@@ -4,14 +4,15 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace kelmar {
 
 /// The one exception type of the house: a number, a plain text, and the routine it comes from.
 class Failure : public std::exception {
  public:
-  Failure(int number, std::string source, std::string text)
-      : number(number), source(std::move(source)), text(std::move(text)) {}
+  Failure(int failureNumber, std::string routine, std::string message)
+      : number(failureNumber), source(std::move(routine)), text(std::move(message)) {}
 
   const char* what() const noexcept override { return text.c_str(); }
 
