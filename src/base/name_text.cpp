@@ -81,8 +81,8 @@ std::string ComplementDigits(std::string_view text) {
 
 std::string SanitizeRelativePath(std::string_view text) {
   std::string path = sanitizedOnce(text);
-  // A character that was taken out last may have stood between two points.
-  while (path.find("..") != std::string::npos)
+  // A character that was taken out last may have stood between two points or separators.
+  while (path.find("..") != std::string::npos || path.starts_with('\\'))
     path = sanitizedOnce(path);
   return path;
 }
