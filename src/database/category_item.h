@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "database/items.h"
+#include "database/screen_item.h"
+#include "xml/document.h"
+#include "xml/writer.h"
+
+#include <memory>
+#include <string>
+
+namespace kelmar {
+
+class OmnikorLibXml;
+class TargetItem;
+
+/// A group of screens.
+class CategoryItem {
+ public:
+  std::string categoryName;
+  std::shared_ptr<ScreenItems> Screens = std::make_shared<ScreenItems>(); ///< may be none
+  TargetItem* parent = nullptr;
+
+  void clear();
+  std::shared_ptr<CategoryItem> clone(TargetItem* newParent) const;
+  void createXMLnode(xml::Writer& out) const;
+  void loadXml(OmnikorLibXml& database, xml::Node element);
+};
+
+class CategoryItems : public Items<CategoryItem> {
+ public:
+  CategoryItem* Add(const std::string& name, TargetItem* parent, std::string_view key = {});
+  /// Raises 1 "Duplicate category".
+  CategoryItem* AddData(Pointer item, std::string_view key = {});
+  /// By exact name.
+  CategoryItem* ItemName(std::string_view name) const;
+  using Items::deleteItem;
+  void deleteItem(std::string_view name);
+  void createXMLnode(xml::Writer& out) const;
+  void loadXml(OmnikorLibXml& database, xml::Node parent, TargetItem* owner);
+};
+
+} // namespace kelmar

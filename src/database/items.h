@@ -1,0 +1,206 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "base/failure.h"
+#include "base/text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace kelmar {
+
+/// The folded form of a key, made on the stack for the usual short ASCII name.
+class FoldedKey {
+ public:
+  explicit FoldedKey(std::string_view key);
+  std::string_view view() const { return view_; }
+
+ private:
+  char buffer_[128];
+  std::string long_;
+  std::string_view view_;
+};
+
+/// Key of a named item in a collection that keys by name.
+inline std::string keyOfName(std::string_view name) { return "k" + std::string(name); }
+
+/// The ordered keyed collection behind every `...Items` class: 1-based positions, optional keys that
+/// are compared without regard to case (Unicode case folding), key lookup in constant time.
+///
+/// The collection owns its members; whoever needs a member beyond its stay shares it (`shared`).
+/// Members must not be added or removed while iterating; `members()` gives a copy for that.
+template <class T> class Items {
+ public:
+  using Pointer = std::shared_ptr<T>;
+
+  Items() = default;
+  Items(const Items&) = delete;
+  Items& operator=(const Items&) = delete;
+  ~Items() = default;
+
+  int Count() const { return static_cast<int>(entries_.size()); }
+
+  /// By position, 1..Count. Raises SubscriptOutOfRange.
+  T* Item(int position) const {
+    if (position < 1 || position > Count()) throw platformFailure(SubscriptOutOfRange);
+    return entries_[position - 1].item.get();
+  }
+  /// By key. Raises SubscriptOutOfRange when absent.
+  T* Item(std::string_view key) const {
+    if (T* found = findKey(key)) return found;
+    throw platformFailure(SubscriptOutOfRange);
+  }
+  /// By key, none when absent. Never fails.
+  T* findKey(std::string_view key) const {
+    auto found = keys_.find(FoldedKey(key).view());
+    return found == keys_.end() ? nullptr : found->second;
+  }
+
+  /// Position of this very object, 0 when it is not a member.
+  int indexOf(const T* item) const {
+    for (std::size_t i = 0; i < entries_.size(); ++i)
+      if (entries_[i].item.get() == item) return static_cast<int>(i) + 1;
+    return 0;
+  }
+  Pointer shared(const T* item) const {
+    const int position = indexOf(item);
+    return position == 0 ? nullptr : entries_[position - 1].item;
+  }
+  std::vector<Pointer> members() const {
+    std::vector<Pointer> copy;
+    copy.reserve(entries_.size());
+    for (const Entry& entry : entries_) copy.push_back(entry.item);
+    return copy;
+  }
+
+  /// Raises SubscriptOutOfRange.
+  void Remove(int position) { take(position); }
+  /// Removes the member and hands it out. Raises SubscriptOutOfRange.
+  Pointer take(int position) {
+    if (position < 1 || position > Count()) throw platformFailure(SubscriptOutOfRange);
+    Entry entry = std::move(entries_[position - 1]);
+    dropKey(entry);
+    entries_.erase(entries_.begin() + (position - 1));
+    return std::move(entry.item);
+  }
+  /// Clears and removes this very object; nothing when it is not a member.
+  void deleteItem(const T* item) {
+    if (const int position = indexOf(item); position != 0) take(position)->clear();
+  }
+  /// Clears and removes all members that answer true, in one pass.
+  template <class Predicate> void deleteIf(Predicate predicate) {
+    auto keep = entries_.begin();
+    for (auto entry = entries_.begin(); entry != entries_.end(); ++entry) {
+      if (predicate(*entry->item)) {
+        dropKey(*entry);
+        entry->item->clear();
+      } else {
+        if (keep != entry) *keep = std::move(*entry);
+        ++keep;
+      }
+    }
+    entries_.erase(keep, entries_.end());
+  }
+  /// Clears and removes all members, from the front.
+  void clear() {
+    for (const Entry& entry : entries_) entry.item->clear();
+    keys_.clear();
+    entries_.clear();
+  }
+
+  class Iterator {
+   public:
+    using difference_type = std::ptrdiff_t;
+    using value_type = T*;
+    explicit Iterator(const typename std::vector<typename Items::Entry>::const_iterator& at)
+        : at_(at) {}
+    T* operator*() const { return at_->item.get(); }
+    Iterator& operator++() {
+      ++at_;
+      return *this;
+    }
+    bool operator==(const Iterator& other) const { return at_ == other.at_; }
+    bool operator!=(const Iterator& other) const { return at_ != other.at_; }
+
+   private:
+    typename std::vector<typename Items::Entry>::const_iterator at_;
+  };
+  Iterator begin() const { return Iterator(entries_.begin()); }
+  Iterator end() const { return Iterator(entries_.end()); }
+
+ protected:
+  T* append(Pointer item) {
+    entries_.push_back({std::move(item), nullptr});
+    return entries_.back().item.get();
+  }
+  /// Raises KeyExists and adds nothing when the key is taken.
+  T* append(Pointer item, std::string_view key) {
+    return insert(entries_.size(), std::move(item), key);
+  }
+  /// In front of the member at `position`, 1..Count. Raises KeyExists.
+  T* insertBefore(int position, Pointer item, std::string_view key) {
+    return insert(static_cast<std::size_t>(position - 1), std::move(item), key);
+  }
+  T* insertBefore(int position, Pointer item) {
+    auto entry = entries_.insert(entries_.begin() + (position - 1), Entry{std::move(item), nullptr});
+    return entry->item.get();
+  }
+  /// Renews the order of the members.
+  template <class Less> void stableSort(Less less) {
+    std::stable_sort(entries_.begin(), entries_.end(), [&](const Entry& left, const Entry& right) {
+      return less(*left.item, *right.item);
+    });
+  }
+  void swapPositions(int left, int right) { std::swap(entries_[left - 1], entries_[right - 1]); }
+
+ private:
+  struct Entry {
+    Pointer item;
+    const std::string* key; // in keys_; none for a member without key
+  };
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+      return std::hash<std::string_view>()(text);
+    }
+  };
+
+  T* insert(std::size_t at, Pointer item, std::string_view key) {
+    auto [place, added] = keys_.try_emplace(std::string(FoldedKey(key).view()), item.get());
+    if (!added) throw platformFailure(KeyExists);
+    T* raw = item.get();
+    if (at == entries_.size()) {
+      entries_.push_back({std::move(item), &place->first});
+    } else {
+      entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(at),
+                      Entry{std::move(item), &place->first});
+    }
+    return raw;
+  }
+  void dropKey(const Entry& entry) {
+    if (entry.key) keys_.erase(keys_.find(std::string_view(*entry.key)));
+  }
+
+  std::vector<Entry> entries_;
+  std::unordered_map<std::string, T*, Hash, std::equal_to<>> keys_;
+};
+
+/// Position behind which a rough insertion puts a member: the last one that sorts after it, found by
+/// a scan without early exit, 0 when there is none. The lists are kept roughly ordered by this rule,
+/// not strictly: (a, c, d) receiving b becomes (a, c, b, d).
+template <class Collection, class After> int roughPosition(const Collection& items, After after) {
+  int position = 0, index = 0;
+  for (auto* item : items) {
+    ++index;
+    if (after(*item)) position = index;
+  }
+  return position;
+}
+
+} // namespace kelmar
