@@ -85,7 +85,7 @@ TEST(NumberText, ASecondWritingGivesTheSameText) {
     ASSERT_LE(std::abs(back - value), std::abs(value) * 1e-14) << text;
   }
   for (int i = 0; i < 200000; ++i) {
-    const double value = static_cast<double>(random() % 2000001) / 1000000.0 - 1.0;
+    const double value = (static_cast<double>(random() % 2000001) - 1000000.0) / 1000000.0;
     ASSERT_EQ(TextToNumber(NumberToText(value)), value) << value;
   }
 }
