@@ -6,8 +6,6 @@
 
 #include <QString>
 
-class QFileDialog;
-class QMessageBox;
 class QWidget;
 
 namespace kelmar::desktop {
