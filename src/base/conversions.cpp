@@ -15,12 +15,9 @@ namespace {
 enum class Reading { Number, NoNumber, TooLarge };
 
 int hexDigit(char c) {
-  if (c >= '0' && c <= '9')
-    return c - '0';
-  if (c >= 'A' && c <= 'F')
-    return c - 'A' + 10;
-  if (c >= 'a' && c <= 'f')
-    return c - 'a' + 10;
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
   return -1;
 }
 
@@ -30,22 +27,19 @@ bool isHexadecimal(std::string_view trimmed) {
 
 // The digits are a 32-bit pattern, so "&HFFFFFFFF" is -1.
 Reading readHexadecimal(std::string_view digits, std::int32_t& value) {
-  if (digits.empty())
-    return Reading::NoNumber;
+  if (digits.empty()) return Reading::NoNumber;
   std::uint64_t pattern = 0;
   bool tooLarge = false;
   for (const char c : digits) {
     const int digit = hexDigit(c);
-    if (digit < 0)
-      return Reading::NoNumber;
+    if (digit < 0) return Reading::NoNumber;
     pattern = pattern * 16 + static_cast<unsigned>(digit);
     if (pattern > 0xFFFFFFFFu) {
       tooLarge = true;
       pattern = 0;
     }
   }
-  if (tooLarge)
-    return Reading::TooLarge;
+  if (tooLarge) return Reading::TooLarge;
   value = static_cast<std::int32_t>(static_cast<std::uint32_t>(pattern));
   return Reading::Number;
 }
@@ -59,8 +53,7 @@ Reading readDouble(std::string_view text, double& value) {
     return reading;
   }
   const ScannedNumber number = scanNumber(text);
-  if (number.text.empty() || number.text.size() != text.size())
-    return Reading::NoNumber;
+  if (number.text.empty() || number.text.size() != text.size()) return Reading::NoNumber;
   return scannedValue(number, value) == Magnitude::Fits ? Reading::Number : Reading::TooLarge;
 }
 
@@ -78,51 +71,41 @@ std::int32_t toInt32(std::string_view text) {
     const bool hasDigits = i < text.size();
     for (; i < text.size(); ++i) {
       const unsigned digit = static_cast<unsigned char>(text[i]) - unsigned{'0'};
-      if (digit > 9)
-        break;
+      if (digit > 9) break;
       value = value * 10 + static_cast<std::int32_t>(digit);
     }
-    if (hasDigits && i == text.size())
-      return text[0] == '-' ? -value : value;
+    if (hasDigits && i == text.size()) return text[0] == '-' ? -value : value;
   }
   double value = 0;
   const Reading reading = readDouble(text, value);
-  if (reading != Reading::Number)
-    refuse(reading);
+  if (reading != Reading::Number) refuse(reading);
   return toInt32(value);
 }
 
 std::int32_t toInt32(double value) {
-  if (std::isnan(value))
-    throw platformFailure(NumericOverflow);
+  if (std::isnan(value)) throw platformFailure(NumericOverflow);
   const double lower = std::floor(value);
   const double rest = value - lower;
   double rounded = lower;
-  if (rest > 0.5 || (rest == 0.5 && std::fmod(lower, 2.0) != 0))
-    rounded = lower + 1;
+  if (rest > 0.5 || (rest == 0.5 && std::fmod(lower, 2.0) != 0)) rounded = lower + 1;
   if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0))
     throw platformFailure(NumericOverflow);
   return static_cast<std::int32_t>(rounded);
 }
 
 bool toBoolean(std::string_view text) {
-  if (text == "1")
-    return true;
-  if (text == "0")
-    return false;
+  if (text == "1") return true;
+  if (text == "0") return false;
   const std::string_view trimmed = trimBlanks(text);
-  if (trimmed.size() == 4 && startsWithFolded(trimmed, "true"))
-    return true;
-  if (trimmed.size() == 5 && startsWithFolded(trimmed, "false"))
-    return false;
+  if (trimmed.size() == 4 && startsWithFolded(trimmed, "true")) return true;
+  if (trimmed.size() == 5 && startsWithFolded(trimmed, "false")) return false;
   return toDouble(trimmed) != 0;
 }
 
 double toDouble(std::string_view text) {
   double value = 0;
   const Reading reading = readDouble(text, value);
-  if (reading != Reading::Number)
-    refuse(reading);
+  if (reading != Reading::Number) refuse(reading);
   return value;
 }
 

@@ -53,17 +53,17 @@ class Decimal {
 };
 
 /// The number text of the ECU file: a blank before a non-negative number, no zero before the
-/// point, at most 15 significant digits. Plain digits from 0.0001 to below 1E+15; smaller and larger
-/// numbers in exponent form, mantissa, "E", sign and at least two digits. 0.5 gives " .5", -0.25
-/// gives "-.25", 2 gives " 2", 0.0001 gives " .0001", 0.00001 gives " 1E-05". The text reads back to
-/// 15 digits, and what was read back gives the same text again.
+/// point, at most 15 significant digits. Plain digits from 0.0001 to below 1E+15; smaller and
+/// larger numbers in exponent form, mantissa, "E", sign and at least two digits. 0.5 gives " .5",
+/// -0.25 gives "-.25", 2 gives " 2", 0.0001 gives " .0001", 0.00001 gives " 1E-05". The text reads
+/// back to 15 digits, and what was read back gives the same text again.
 std::string NumberToText(double value);
 /// The same form for a decimal; never an exponent: " .00001".
 std::string NumberToText(const Decimal& value);
 
 /// The longest number at the start of the text: leading blanks are skipped, digits with at most
-/// one ".", an optional sign in front, an optional exponent "E". A text without a number yields 0; a
-/// number beyond a double yields the largest one of its sign. Never fails.
+/// one ".", an optional sign in front, an optional exponent "E". A text without a number yields 0;
+/// a number beyond a double yields the largest one of its sign. Never fails.
 double TextToNumber(std::string_view text);
 
 /// A double as people write it, without the leading blank and with a zero before the point:
@@ -79,8 +79,8 @@ struct DateTime {
   friend auto operator<=>(const DateTime&, const DateTime&) = default;
 };
 
-/// Reads "2026-11-21", "2026/11/21 08:30", "21/11/2026 08:30:15", "2026-11-21T08:30". Day first when
-/// the year stands last. None when it is no date.
+/// Reads "2026-11-21", "2026/11/21 08:30", "21/11/2026 08:30:15", "2026-11-21T08:30". Day first
+/// when the year stands last. None when it is no date.
 std::optional<DateTime> toDateTime(std::string_view text);
 
 } // namespace kelmar

@@ -31,8 +31,7 @@ std::optional<std::vector<int>> numbers(std::string_view text, std::string_view 
   std::vector<int> found;
   for (const std::string& part : split(text, separator)) {
     const auto value = smallNumber(part);
-    if (!value)
-      return std::nullopt;
+    if (!value) return std::nullopt;
     found.push_back(*value);
   }
   return found;
@@ -40,13 +39,11 @@ std::optional<std::vector<int>> numbers(std::string_view text, std::string_view 
 
 bool readDate(std::string_view text, DateTime& moment) {
   auto fields = numbers(text, text.find('/') != std::string_view::npos ? "/" : "-");
-  if (!fields || fields->size() != 3)
-    return false;
+  if (!fields || fields->size() != 3) return false;
   const std::size_t firstSeparator = text.find_first_of("/-");
   const std::size_t lastSeparator = text.find_last_of("/-");
   const bool yearFirst = firstSeparator == 4;
-  if (!yearFirst && text.size() - lastSeparator - 1 != 4)
-    return false;
+  if (!yearFirst && text.size() - lastSeparator - 1 != 4) return false;
   moment.year = yearFirst ? (*fields)[0] : (*fields)[2];
   moment.month = (*fields)[1];
   moment.day = yearFirst ? (*fields)[2] : (*fields)[0];
@@ -56,8 +53,7 @@ bool readDate(std::string_view text, DateTime& moment) {
 
 bool readTime(std::string_view text, DateTime& moment) {
   const auto fields = numbers(text, ":");
-  if (!fields || fields->size() < 2 || fields->size() > 3)
-    return false;
+  if (!fields || fields->size() < 2 || fields->size() > 3) return false;
   moment.hour = (*fields)[0];
   moment.minute = (*fields)[1];
   moment.second = fields->size() == 3 ? (*fields)[2] : 0;
@@ -70,8 +66,7 @@ std::optional<DateTime> toDateTime(std::string_view text) {
   text = trimBlanks(text);
   const std::size_t gap = text.find_first_of(" T");
   DateTime moment;
-  if (!readDate(text.substr(0, gap), moment))
-    return std::nullopt;
+  if (!readDate(text.substr(0, gap), moment)) return std::nullopt;
   if (gap != std::string_view::npos && !readTime(trimBlanks(text.substr(gap + 1)), moment))
     return std::nullopt;
   return moment;

@@ -23,10 +23,8 @@ void roundOff(std::string& digits, int count) {
   const bool odd = !digits.empty() && (digits.back() - '0') % 2 != 0;
   const bool tie = dropped[0] == '5' && dropped.find_first_not_of('0', 1) == std::string::npos;
   const bool up = tie ? odd : dropped[0] >= '5';
-  if (digits.empty())
-    digits = "0";
-  if (!up)
-    return;
+  if (digits.empty()) digits = "0";
+  if (!up) return;
   for (std::size_t i = digits.size(); i-- > 0;) {
     if (digits[i] != '9') {
       ++digits[i];
@@ -40,10 +38,8 @@ void roundOff(std::string& digits, int count) {
 } // namespace
 
 Decimal::Decimal(double value) {
-  if (!std::isfinite(value))
-    throw platformFailure(NumericOverflow);
-  if (value == 0)
-    return;
+  if (!std::isfinite(value)) throw platformFailure(NumericOverflow);
+  if (value == 0) return;
   // The shortest text that reads back as this double, as "d.ddde[+-]dd".
   char buffer[40];
   const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
@@ -54,10 +50,8 @@ Decimal::Decimal(double value) {
   const std::string_view exponentText = text.substr(mark + (text[mark + 1] == '+' ? 2 : 1));
   std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
   digits_ = text.substr(0, 1);
-  if (mark > 2)
-    digits_ += text.substr(2, mark - 2);
-  if (exponent >= mostDigits)
-    throw platformFailure(NumericOverflow);
+  if (mark > 2) digits_ += text.substr(2, mark - 2);
+  if (exponent >= mostDigits) throw platformFailure(NumericOverflow);
   scale_ = static_cast<int>(digits_.size()) - 1 - exponent;
   if (scale_ < 0) {
     digits_.append(static_cast<std::size_t>(-scale_), '0');
@@ -88,12 +82,10 @@ std::string Decimal::toText() const {
   std::string text = digits_;
   if (scale_ > 0) {
     const std::size_t scale = static_cast<std::size_t>(scale_);
-    if (text.size() <= scale)
-      text.insert(0, scale + 1 - text.size(), '0');
+    if (text.size() <= scale) text.insert(0, scale + 1 - text.size(), '0');
     text.insert(text.size() - scale, 1, '.');
   }
-  if (negative_)
-    text.insert(text.begin(), '-');
+  if (negative_) text.insert(text.begin(), '-');
   return text;
 }
 

@@ -5,12 +5,10 @@
 namespace kelmar {
 
 void EditState::change(Kinds kinds) {
-  if (loading())
-    return;
+  if (loading()) return;
   const bool first = changed_ == 0;
   changed_ |= kinds != 0 ? kinds : 1;
-  if (first && firstChange_)
-    firstChange_();
+  if (first && firstChange_) firstChange_();
 }
 
 } // namespace kelmar

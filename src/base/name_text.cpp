@@ -35,8 +35,7 @@ std::string sanitizedOnce(std::string_view path) {
   text = replaceAll(text, "\\.", "\\");
   text = replaceUntilNone(std::move(text), "\\\\", "\\");
   std::erase_if(text, [](char c) { return !mayStandInPath(c); });
-  if (!text.empty() && text.front() == '\\')
-    text.erase(0, 1);
+  if (!text.empty() && text.front() == '\\') text.erase(0, 1);
   return text;
 }
 
@@ -46,14 +45,15 @@ std::string CleanSpaces(std::string_view text) {
   return replaceUntilNone(std::string(trimBlanks(text)), "  ", " ");
 }
 
-std::string SemicolonsToUnderscores(std::string_view text) { return replaceAll(text, ";", "_"); }
+std::string SemicolonsToUnderscores(std::string_view text) {
+  return replaceAll(text, ";", "_");
+}
 
 std::string MakeFileSafeName(std::string_view text) {
   std::u32string characters = toCodePoints(text);
   for (char32_t& character : characters) {
     const std::size_t position = unsafeCharacters.find(character);
-    if (position != std::u32string_view::npos)
-      character = safeCharacters[position];
+    if (position != std::u32string_view::npos) character = safeCharacters[position];
   }
   return fromCodePoints(characters);
 }

@@ -9,7 +9,9 @@ namespace kelmar {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 // from_chars says "out of range" for too large and too small alike: the place of the first digit
 // that counts, moved by the exponent, tells them apart.
@@ -23,8 +25,7 @@ bool isBelowOne(std::string_view digits) {
       point = true;
     } else if (digits[i] != '0' || counted) {
       counted = true;
-      if (!point && place < limit)
-        ++place;
+      if (!point && place < limit) ++place;
     } else if (point && place > -limit) {
       --place;
     }
@@ -61,13 +62,11 @@ ScannedNumber scanNumber(std::string_view text) {
     else
       break;
   }
-  if (!digits)
-    return {};
+  if (!digits) return {};
   found.plainInteger = !point;
   if (i < text.size() && (text[i] == 'E' || text[i] == 'e')) {
     std::size_t j = i + 1;
-    if (j < text.size() && (text[j] == '-' || text[j] == '+'))
-      ++j;
+    if (j < text.size() && (text[j] == '-' || text[j] == '+')) ++j;
     if (j < text.size() && isDigit(text[j])) {
       while (j < text.size() && isDigit(text[j]))
         ++j;
@@ -81,8 +80,7 @@ ScannedNumber scanNumber(std::string_view text) {
 
 Magnitude scannedValue(const ScannedNumber& number, double& value) {
   std::string_view digits = number.text;
-  if (!digits.empty() && (digits.front() == '-' || digits.front() == '+'))
-    digits.remove_prefix(1);
+  if (!digits.empty() && (digits.front() == '-' || digits.front() == '+')) digits.remove_prefix(1);
   value = 0;
   const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   if (result.ec == std::errc::result_out_of_range) {
@@ -91,12 +89,10 @@ Magnitude scannedValue(const ScannedNumber& number, double& value) {
       return Magnitude::Fits;
     }
     value = std::numeric_limits<double>::max();
-    if (number.negative)
-      value = -value;
+    if (number.negative) value = -value;
     return Magnitude::TooLarge;
   }
-  if (number.negative && value != 0)
-    value = -value;
+  if (number.negative && value != 0) value = -value;
   return Magnitude::Fits;
 }
 

@@ -15,25 +15,22 @@ namespace {
 // number reaches 1E+15. to_chars gives at least two digits of exponent.
 std::size_t magnitudeText(double magnitude, char (&buffer)[40]) {
   if (magnitude < 1e15 && magnitude == std::floor(magnitude)) {
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer,
-                                   static_cast<std::int64_t>(magnitude));
+    const auto end =
+        std::to_chars(buffer, buffer + sizeof buffer, static_cast<std::int64_t>(magnitude));
     return static_cast<std::size_t>(end.ptr - buffer);
   }
-  const auto end = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
-                                 std::chars_format::general, 15);
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::general, 15);
   for (char* c = buffer; c != end.ptr; ++c) {
-    if (*c == 'e')
-      *c = 'E';
+    if (*c == 'e') *c = 'E';
   }
   return static_cast<std::size_t>(end.ptr - buffer);
 }
 
 // No reader makes a number that is not finite; arithmetic on a page may.
 double finite(double value) {
-  if (std::isnan(value))
-    return 0;
-  if (std::isinf(value))
-    return std::copysign(std::numeric_limits<double>::max(), value);
+  if (std::isnan(value)) return 0;
+  if (std::isinf(value)) return std::copysign(std::numeric_limits<double>::max(), value);
   return value;
 }
 
@@ -51,21 +48,17 @@ std::string NumberToText(double value) {
 
 std::string NumberToText(const Decimal& value) {
   std::string text = value.toText();
-  if (text.front() != '-')
-    text.insert(text.begin(), ' ');
-  if (text.size() > 2 && text[1] == '0' && text[2] == '.')
-    text.erase(1, 1);
+  if (text.front() != '-') text.insert(text.begin(), ' ');
+  if (text.size() > 2 && text[1] == '0' && text[2] == '.') text.erase(1, 1);
   return text;
 }
 
 double TextToNumber(std::string_view text) {
   const std::size_t start = text.find_first_not_of(' ');
-  if (start == std::string_view::npos)
-    return 0;
+  if (start == std::string_view::npos) return 0;
   const ScannedNumber number = scanNumber(text.substr(start));
   double value = 0;
-  if (!number.text.empty())
-    scannedValue(number, value);
+  if (!number.text.empty()) scannedValue(number, value);
   return value;
 }
 

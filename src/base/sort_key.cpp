@@ -19,13 +19,12 @@ constexpr int digitsBehind = 20;
 // 15 significant digits, as all number texts have, then zeros.
 std::string paddedNumber(double magnitude) {
   char digits[40];
-  const auto end = std::to_chars(digits, digits + sizeof digits, magnitude,
-                                 std::chars_format::scientific, 14);
+  const auto end =
+      std::to_chars(digits, digits + sizeof digits, magnitude, std::chars_format::scientific, 14);
   std::string significant;
   const char* mark = digits;
   for (; *mark != 'e'; ++mark) {
-    if (*mark != '.')
-      significant += *mark;
+    if (*mark != '.') significant += *mark;
   }
   int exponent = 0;
   std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end.ptr, exponent);
@@ -46,18 +45,15 @@ std::string paddedNumber(double magnitude) {
 }
 
 std::string numberKey(std::string_view cell) {
-  if (!isNumeric(cell))
-    return {};
+  if (!isNumeric(cell)) return {};
   const double value = toDouble(cell);
-  if (value >= 0)
-    return paddedNumber(value);
+  if (value >= 0) return paddedNumber(value);
   return "&" + ComplementDigits(paddedNumber(-value));
 }
 
 std::string dateKey(std::string_view cell) {
   const auto moment = toDateTime(cell);
-  if (!moment)
-    return {};
+  if (!moment) return {};
   char text[80];
   std::snprintf(text, sizeof text, "%04d%02d%02d%02d%02d%02d", moment->year, moment->month,
                 moment->day, moment->hour, moment->minute, moment->second);

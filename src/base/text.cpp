@@ -13,7 +13,9 @@ namespace {
 
 constexpr char32_t replacementCharacter = 0xFFFD;
 
-bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+bool isAscii(char c) {
+  return static_cast<unsigned char>(c) < 0x80;
+}
 
 // One character at `index`, which moves behind it; a byte that is part of none is U+FFFD.
 char32_t nextCodePoint(std::string_view text, std::size_t& index) {
@@ -50,8 +52,12 @@ std::string mapCharacters(std::string_view text, Ascii ascii, Unicode unicode) {
   return mapped;
 }
 
-char lowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
-char upperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
+char lowerAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+char upperAscii(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+}
 
 } // namespace
 
@@ -63,7 +69,9 @@ std::string_view trimBlanks(std::string_view text) {
   return text;
 }
 
-std::string widenLineFeeds(std::string_view text) { return replaceAll(text, "\n", "\r\n"); }
+std::string widenLineFeeds(std::string_view text) {
+  return replaceAll(text, "\n", "\r\n");
+}
 
 std::string normaliseLineEnds(std::string_view text) {
   std::string result;
@@ -71,8 +79,7 @@ std::string normaliseLineEnds(std::string_view text) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '\r' || text[i] == '\n') {
       result += "\r\n";
-      if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n')
-        ++i;
+      if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
     } else {
       result += text[i];
     }

@@ -17,7 +17,8 @@ std::string_view trimBlanks(std::string_view text);
 /// Every line feed becomes carriage return plus line feed.
 std::string widenLineFeeds(std::string_view text);
 
-/// Any of CR LF, CR, LF becomes CR LF: the form that pasted text is brought into before it is split.
+/// Any of CR LF, CR, LF becomes CR LF: the form that pasted text is brought into before it is
+/// split.
 std::string normaliseLineEnds(std::string_view text);
 
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to);

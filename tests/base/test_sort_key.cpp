@@ -36,7 +36,9 @@ TEST(SortKeys, Date_RunsFromTheYearToTheSecond) {
   EXPECT_EQ(sortKey("soon", SortType::Date), "");
 }
 
-TEST(SortKeys, Text_IsTheCell) { EXPECT_EQ(sortKey("-B é", SortType::Text), "-B é"); }
+TEST(SortKeys, Text_IsTheCell) {
+  EXPECT_EQ(sortKey("-B é", SortType::Text), "-B é");
+}
 
 } // namespace
 } // namespace kelmar
