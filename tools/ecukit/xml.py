@@ -13,9 +13,9 @@ from pathlib import Path
 
 TITLE = "Kelmar"
 DATE = "2026-01-15T08:30"
-ECU_SCHEMA = "http://www.kelmar.example/2002/ECU"
-SCREEN_SCHEMA = "http://www.kelmar.example/2002/screens"
-STYLE_SHEET = "http://www.kelmar.example/Omnikor/ZEMECUPreview.xsl"
+ECU_SCHEMA = "http://www.omnikor.example/2002/ECU"
+SCREEN_SCHEMA = "http://www.omnikor.example/2002/screens"
+STYLE_SHEET = "http://www.omnikor.example/Omnikor/ZEMECUPreview.xsl"
 CRLF = "\r\n"
 
 
