@@ -13,7 +13,7 @@ std::string readFile(const std::string& path);
 /// At most `limit` bytes from the start of the file.
 std::string readHead(const std::string& path, std::size_t limit);
 
-bool fileExists(const std::string& path);   ///< a regular file, symbolic links followed
+bool fileExists(const std::string& path); ///< a regular file, symbolic links followed
 bool folderExists(const std::string& path);
 
 /// True when no write bit is set in the file's mode, whoever asks.

@@ -19,35 +19,63 @@ using Node = pugi::xml_node;
 using Attribute = pugi::xml_attribute;
 
 /// Why the last load failed. `reason` is plain English and ends with line and column where they
-/// are known. errorCode 0: it did not.
+/// are known: "not well-formed (invalid token), line 3, column 7". errorCode 0: it did not fail;
+/// else Expat's number or a DocumentError.
 struct ParseError {
   int errorCode = 0;
   std::string reason;
-  std::size_t line = 0, column = 0; ///< 1-based; 0 when unknown
+  std::size_t line = 0, column = 0; ///< 1-based, column in characters; 0 when unknown
 };
 
 /// What a document may demand of us.
 struct Limits {
-  std::size_t depth = 512;                  ///< nested elements
-  std::size_t entityBytes = 8u << 20;       ///< text that entities of the internal DTD expand to
+  std::size_t depth = 512;            ///< nested elements
+  std::size_t entityBytes = 8u << 20; ///< what entities of the internal DTD add to the file's size
+  std::size_t entities = 4096;        ///< declarations of entities
+};
+
+/// Text nodes of white space alone. They are most of the nodes of an indented file and cost 64
+/// bytes each.
+enum class Whitespace {
+  Keep,
+  /// Leaves them out where they only stand between elements, comments and processing instructions.
+  /// An element that holds a CDATA section or other text directly, or nothing but white space,
+  /// keeps all it holds: its textOf does not change. A document may keep more than that.
+  DropBetweenElements,
+};
+
+/// errorCode of failures that Expat does not number.
+enum DocumentError {
+  NotReadable = 1001,
+  UnknownEncoding = 1002,
+  NestedTooDeep = 1003,
+  EntitiesTooLarge = 1004,
+  ExternalEntity = 1005,
+  OutOfMemory = 1006,
 };
 
 /// A document: names are literal qualified names, attribute order, white-space text, CDATA,
 /// comments and processing instructions are kept. Read from UTF-8, UTF-16 with a byte order mark,
-/// ISO-8859-1 and windows-1252. Expat judges what is well formed; no external entity is ever read
-/// and nothing but the given address is fetched.
+/// ISO-8859-1 and windows-1252. A byte order mark wins over the encoding that is declared. Expat
+/// judges what is well formed. Entities of an internal DTD are expanded; a document that needs an
+/// external DTD or entity is refused: none is ever read, and nothing but the given address is
+/// fetched.
+///
+/// None of the loads raises; each gives false, leaves the document empty and says why in
+/// parseError.
 class Document {
  public:
-  Document();
+  Document() : Document(Limits{}) {}
+  explicit Document(const Limits& limits);
   ~Document();
   Document(Document&&) noexcept;
   Document& operator=(Document&&) noexcept;
 
-  /// A local path, a "file:" address, or an "http:" address when there is a `fetch`. On failure
-  /// the document is empty and parseError says why.
-  bool load(const std::string& pathOrUrl, platform::Fetch* fetch = nullptr);
+  /// A local path, a "file:" address, or an "http:" address when there is a `fetch`.
+  bool load(const std::string& pathOrUrl, platform::Fetch* fetch = nullptr,
+            Whitespace whitespace = Whitespace::Keep);
   /// Bytes of a file, with whatever encoding they declare.
-  bool loadBytes(std::string bytes);
+  bool loadBytes(std::string bytes, Whitespace whitespace = Whitespace::Keep);
   /// UTF-8 text, such as the clipboard's: an encoding named inside is ignored.
   bool loadXML(std::string text);
 
@@ -59,11 +87,18 @@ class Document {
   pugi::xpath_node selectSingleNode(const std::string& path) const;
   std::vector<Node> selectNodes(const std::string& path) const;
 
-  /// Line of the node in the source, 1-based; 0 when unknown. Costs a pass over the source.
+  /// Line of the node in the source, 1-based; 0 when the node does not come from there. For an
+  /// element the line of its start tag, for a text that of its first character.
   std::size_t lineOf(Node node) const;
 
  private:
   struct Source;
+  bool fail(int code, const std::string& reason, std::size_t line = 0, std::size_t column = 0);
+  bool fail(ParseError error);
+  bool loadFile(const std::string& path, Whitespace whitespace);
+  bool loadText(std::string text, std::size_t markLength, Whitespace whitespace);
+
+  Limits limits_;
   std::unique_ptr<Source> source_;
   ParseError error_;
 };
@@ -78,7 +113,8 @@ std::string textOf(Node element);
 /// A text as an XPath string literal, whatever quotes it holds.
 std::string xpathLiteral(std::string_view text);
 
-/// True for a name that an element may bear.
+/// True for a name that an element may bear and that reads back as its base name: XML 1.0, fifth
+/// edition, without a colon.
 bool isXmlName(std::string_view name);
 
 } // namespace kelmar::xml

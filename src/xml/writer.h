@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "xml/encoding.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,15 +12,18 @@
 namespace kelmar::xml {
 
 /// Writes a document or a fragment as text, byte for byte as it is asked to: nothing is indented,
-/// an element without content is written "<a/>".
+/// an element without content is written "<a/>". An empty text is no content, an empty CDATA
+/// section is.
 ///
-/// What a reader would not get back is refused: a character that XML or the encoding cannot hold
-/// where no reference may stand (CDATA, names, processing instructions), an element name that is
-/// none. The Failure (number 1, source "ExportUceToXml") names the item set with `item`.
+/// What a reader would not get back is refused: a character that XML cannot hold and bytes that are
+/// no UTF-8 everywhere, a character that the encoding lacks where no reference may stand (CDATA,
+/// names, processing instructions), an element name that is none. The Failure (number 1, source
+/// "ExportUceToXml") names the item set with `item`:
+/// "Data 'Speed': the character U+20AC cannot be written in ISO-8859-1".
 class Writer {
  public:
-  /// `encoding` is a name such as "UTF-8", "UTF-16", "ISO-8859-1", "windows-1252", in any case.
-  /// Raises Failure for one that is not among them.
+  /// `encoding` is "UTF-8", "UTF-16", "ISO-8859-1" or "windows-1252", in any case. Raises Failure
+  /// for one that is not among them.
   explicit Writer(std::string_view encoding = "UTF-8");
 
   /// Names what is being written now, for failures: item("Data", name). Both texts must outlive
@@ -28,18 +33,23 @@ class Writer {
     name_ = name;
   }
 
+  /// Makes room for a text of about so many bytes, which spares a large one the copies of growing.
+  void reserve(std::size_t bytes) { out_.reserve(bytes); }
+
   void processingInstruction(std::string_view target, std::string_view data);
 
+  /// A name with at most one colon, as in "zem:Target".
   void open(std::string_view element);
   /// Before any content of the open element. Line ends and tabs are written as references.
   void attribute(std::string_view name, std::string_view value);
   void attribute(std::string_view name, std::int32_t value);
+  /// Carriage returns are written as references; line feeds and tabs stand raw.
   void text(std::string_view value);
   /// A text node of one line feed; crLf() of carriage return and line feed. These separators are
   /// written raw.
   void lineFeed();
   void crLf();
-  /// "]]>" is split over two sections.
+  /// "]]>" is split over two sections. Line ends stand raw: a reader gets each as one line feed.
   void cdata(std::string_view value);
   /// For text of which only the first section is read back: "]]>" is refused.
   void cdataSingle(std::string_view value);
@@ -51,18 +61,31 @@ class Writer {
   void emptyElement(std::string_view element);
   void cdataElement(std::string_view element, std::string_view value);
 
-  /// The bytes in the encoding asked for (UTF-16 with a byte order mark), all elements closed. The
-  /// writer is empty afterwards.
+  /// The bytes in the encoding asked for (UTF-16 with a byte order mark, low byte first), all
+  /// elements closed. The writer is empty afterwards.
   std::string take();
 
  private:
-  enum class Encoding { Utf8, Utf16, Latin1, Windows1252 };
-  void closeStartTag();
+  struct OpenName {
+    std::size_t position, length; // in out_
+  };
+  void closeStartTag() {
+    if (inStartTag_) {
+      out_ += '>';
+      inStartTag_ = false;
+    }
+  }
+  template <class Escape>
+  void append(std::string_view value, const bool (&special)[256], Escape escape,
+              bool referencesAllowed);
+  void appendRaw(std::string_view value);
+  void appendCharacter(char32_t character, std::string_view bytes, bool referencesAllowed);
+  void demandName(std::string_view name, const char* what) const;
   [[noreturn]] void refuse(const std::string& why) const;
 
   Encoding encoding_;
-  std::string out_;
-  std::vector<std::string> open_;
+  std::string out_; // in the encoding, or UTF-8 for UTF-16
+  std::vector<OpenName> open_;
   bool inStartTag_ = false;
   const char* kind_ = "";
   std::string_view name_;
