@@ -17,6 +17,7 @@ import random
 import sys
 from pathlib import Path
 
+sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).parent))
 
 from ecukit import words  # noqa: E402

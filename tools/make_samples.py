@@ -15,6 +15,7 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[1]
+sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "tools"))
 
 from ecukit.builder import Ecu, lst, num, txt  # noqa: E402
@@ -347,8 +348,7 @@ def _():
 CODECS = {"UTF-8": "utf-8", "UTF-16": "utf-16-le", "ISO-8859-1": "latin-1", "windows-1252": "cp1252"}
 
 
-def main():
-    folder = ROOT / "tests" / "data" / "good"
+def write(folder):
     folder.mkdir(parents=True, exist_ok=True)
     index = ""
     for name, (outcome, encoding, shows, make) in sorted(SAMPLES.items()):
@@ -359,4 +359,4 @@ def main():
 
 
 if __name__ == "__main__":
-    main()
+    write(ROOT / "tests" / "data" / "good")

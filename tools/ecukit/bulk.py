@@ -18,7 +18,8 @@ from .xml import (DATAS_CLOSE, DATAS_OPEN, DEVICES_CLOSE, DEVICES_OPEN, REQUESTS
 
 GROUPS_PER_SCREEN = 4
 SCREENS_PER_CATEGORY = 8
-GROUPS_PER_CATEGORY = GROUPS_PER_SCREEN * SCREENS_PER_CATEGORY
+
+_bytes_per_group = {}  # of a sample, measured once a run
 
 
 @dataclass
@@ -231,24 +232,19 @@ class Bulk:
         yield from self.all_categories()
         yield CATEGORIES_CLOSE
 
-    def size_of(self, groups):
-        """Bytes of the body when it holds so many groups, from a sample when there are many."""
-        sample = min(groups, 160)
-        probe = Bulk(self.seed, sample, self.little_endian, self.everywhere, self.first_did, self.mark)
-        size = sum(len(part.encode()) for part in probe.sections())
-        return size * groups // sample if sample else size
+    def size_of(self, groups, seed=None):
+        """Bytes of the body when it holds so many groups."""
+        probe = Bulk(self.seed if seed is None else seed, groups, self.little_endian,
+                     self.everywhere, self.first_did, self.mark)
+        return sum(len(part.encode()) for part in probe.sections())
 
     def fit(self, size):
         """Sets the number of groups so that the body comes near to `size` bytes; one at least."""
-        low, high = 1, 160
-        if self.size_of(high) < size:
-            self.groups = max(1, round(size * high / self.size_of(high)))
-            return self
-        while low < high:
-            middle = (low + high) // 2
-            if self.size_of(middle) < size:
-                low = middle + 1
-            else:
-                high = middle
-        self.groups = low
+        kind = (self.everywhere, self.mark)
+        if kind not in _bytes_per_group:
+            _bytes_per_group[kind] = self.size_of(160, 1) / 160
+        groups = max(1, round(size / _bytes_per_group[kind]))
+        if groups < 160:
+            groups = max(1, round(size * groups / self.size_of(groups)))
+        self.groups = groups
         return self
