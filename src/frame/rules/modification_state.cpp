@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "frame/rules/modification_state.h"
+
+namespace kelmar::frame {
+
+void ModificationState::SetSaveNeed(bool value) {
+  saveNeeded_ = value;
+  surface_.setSelectorSaveNeed(value);
+  const std::optional<std::string> name = surface_.targetName();
+  std::string caption = "ECU";
+  if (name) {
+    if (*name == "New ECU")
+      caption = "New ECU";
+    if (saveNeeded_)
+      caption += " - Not saved -";
+  }
+  surface_.setTabCaption(*rowOfTab("database"), caption);
+}
+
+void ModificationState::MarkTabModified(const PageRow& row, bool clean) {
+  if (row.kind == PageKind::Selector || row.kind == PageKind::Check)
+    return;
+  surface_.setTabCaption(row, surface_.translated(row.caption, row.captionKey) +
+                                  (clean ? "" : " *"));
+}
+
+void ModificationState::NotePageChange() {
+  ++pageChangeCount_;
+  SetSaveNeed(true);
+}
+
+// With two modifications open, cancelling one of them leaves the file unsaved.
+void ModificationState::NotePageCancel() {
+  if (pageChangeCount_ != 1)
+    return;
+  pageChangeCount_ = 0;
+  SetSaveNeed(false);
+}
+
+void ModificationState::ClearPageChanges() {
+  pageChangeCount_ = 0;
+  SetSaveNeed(false);
+}
+
+void ModificationState::BackupIfNeeded() {
+  if (saveNeeded_)
+    surface_.saveBackupFile();
+}
+
+bool ModificationState::SaveDatabaseFile() { return surface_.saveFile(); }
+
+void ModificationState::OnChange(const PageRow& row) {
+  MarkTabModified(row, false);
+  if (row.kind == PageKind::Labels)
+    return;
+  BackupIfNeeded();
+  if (row.kind != PageKind::Parameter)
+    NotePageChange();
+}
+
+void ModificationState::OnSave(const PageRow& row, bool toFile) {
+  MarkTabModified(row, true);
+  if (row.kind == PageKind::Labels)
+    return;
+  if (row.kind == PageKind::Counted && !toFile)
+    NotePageChange(); // the edit is in the database now, and not in the file
+  else if (SaveDatabaseFile())
+    ClearPageChanges();
+}
+
+void ModificationState::OnCancel(const PageRow& row) {
+  MarkTabModified(row, true);
+  if (row.kind == PageKind::Counted || row.kind == PageKind::Selector)
+    NotePageCancel();
+}
+
+void ModificationState::ConfirmLeavePage(int currentPage, bool ask) {
+  bool mayAsk = true;
+  const PageRow* row = rowOfIndex(currentPage);
+  if (row && row->kind != PageKind::Selector && row->kind != PageKind::Check) {
+    // Labels are not asked: what they hold is no part of this file.
+    const bool applied = row->kind == PageKind::Labels || surface_.testAndConfirmChange(*row);
+    if (applied && saveNeeded_) {
+      mayAsk = false;
+      saveAndClear();
+    }
+  }
+  if (!ask || !mayAsk || !saveNeeded_)
+    return;
+  const std::optional<std::string> name = surface_.targetName();
+  if (!name)
+    return;
+  const platform::Box box{"", "Confirm save", *name + " change.\r\nSave Change ? ",
+                          platform::Buttons::YesNo, platform::Icon::Question};
+  if (surface_.person().message(box) == platform::Answer::Yes)
+    saveAndClear();
+}
+
+// The count of open modifications stays on purpose: only a save that a page asked for clears it.
+void ModificationState::saveAndClear() {
+  if (surface_.saveFile())
+    SetSaveNeed(false);
+}
+
+} // namespace kelmar::frame
