@@ -17,7 +17,7 @@ class OmnikorLibXml;
 class ScreenItem;
 
 /// A button that runs a scenario of requests. Geometry is in twips.
-class ButtonItem {
+class ButtonItem : public std::enable_shared_from_this<ButtonItem> {
  public:
   bool FontBold = false;
   bool FontItalic = false;

@@ -17,7 +17,7 @@ class OmnikorLibXml;
 class RequestItem;
 
 /// Places one data item in the sent or the received frame of a request.
-class DataPositionItem {
+class DataPositionItem : public std::enable_shared_from_this<DataPositionItem> {
  public:
   std::string dataName;
   std::int32_t StartOctet = 1; ///< 1-based byte of the frame

@@ -13,6 +13,7 @@
 
 namespace kelmar {
 
+class OrganeItem;
 class RequestItem;
 class DataPositionItem;
 class TargetItem;
@@ -34,7 +35,7 @@ class LoadContext {
 
   /// The document is read once and for all: indexes are built as reading goes on, and sections that
   /// have been read are given back at once.
-  void beginWholeFile(const xml::Document& document);
+  void beginWholeFile(xml::Document& document);
   void endWholeFile();
 
   /// A member that has been read and is not looked at again.
@@ -47,16 +48,33 @@ class LoadContext {
   /// The position of that data in that request, its name compared in lower case.
   DataPositionItem* positionInRequest(const TargetItem& target, std::string_view requestName,
                                       std::string_view dataName);
-  /// True when a device holds the data as device datum or in a test.
-  bool isTakenByDevice(const TargetItem& target, std::string_view dataName);
-  bool isObdTaken(const TargetItem& target, std::int32_t obd);
-  void noteTakenByDevice(std::string_view dataName);
+  /// True when a device of the ECU, or what has been read of this one so far, holds the data as
+  /// device datum or in a test.
+  bool isTakenByDevice(const OrganeItem& device, std::string_view dataName);
+  /// The same for the OBD code of a test.
+  bool isObdTaken(const OrganeItem& device, std::int32_t obd);
+  void noteDeviceData(std::string_view dataName);
+  void noteFlag(std::string_view dataName);
   void noteObd(std::int32_t obd);
 
  private:
   struct WholeFile;
   std::unique_ptr<WholeFile> file_;
   LoadReport report_;
+};
+
+/// A whole-file load for as long as it lives.
+class WholeFileLoad {
+ public:
+  WholeFileLoad(LoadContext& load, xml::Document& document) : load_(load) {
+    load_.beginWholeFile(document);
+  }
+  WholeFileLoad(const WholeFileLoad&) = delete;
+  WholeFileLoad& operator=(const WholeFileLoad&) = delete;
+  ~WholeFileLoad() { load_.endWholeFile(); }
+
+ private:
+  LoadContext& load_;
 };
 
 // Tolerant statements. Each reads into the field, or leaves the field as it is and sets the slot:
@@ -66,6 +84,7 @@ class LoadContext {
 bool readText(LoadContext& load, xml::Node element, const char* attribute, std::string& field);
 bool readNumber(LoadContext& load, xml::Node element, const char* attribute, std::int32_t& field);
 bool readBoolean(LoadContext& load, xml::Node element, const char* attribute, bool& field);
+bool readReal(LoadContext& load, xml::Node element, const char* attribute, double& field);
 /// The text of a child element.
 bool readChildText(LoadContext& load, xml::Node element, const char* child, std::string& field);
 /// The same, converted.
@@ -74,6 +93,9 @@ bool readChildNumber(LoadContext& load, xml::Node element, const char* child, st
 /// The text of the child element `child`, or else of the first XML comment, with line feeds widened
 /// and blanks trimmed; older files keep their comments so. Empty when there is neither.
 std::string readComment(xml::Node element, const char* child, bool trimXmlComment = true);
+
+/// The name without its prefix.
+std::string_view baseName(xml::Node node);
 
 /// Where an element stands, by the names of the items above it.
 std::string pathOf(xml::Node element);

@@ -20,16 +20,18 @@ inline constexpr char screenSchemaUri[] = "http://www.omnikor.example/2002/scree
 inline constexpr char previewStyleSheetUri[] =
     "http://www.omnikor.example/Omnikor/ZEMECUPreview.xsl";
 
+/// What the database needs of the machine. All may be none: then http addresses fail, the question
+/// about files of the sibling tool counts as cancelled, and the machine's clock is used.
+struct DatabaseMachine {
+  platform::Fetch* fetch = nullptr;
+  platform::Person* person = nullptr;
+  const platform::Clock* clock = nullptr;
+};
+
 /// Root of the database: the catalogues, the one open ECU, and its file as a whole.
 class OmnikorLibXml {
  public:
-  /// What the database needs of the machine. All may be none: then http addresses fail, the question
-  /// about files of the sibling tool counts as cancelled, and the machine's clock is used.
-  struct Machine {
-    platform::Fetch* fetch = nullptr;
-    platform::Person* person = nullptr;
-    const platform::Clock* clock = nullptr;
-  };
+  using Machine = DatabaseMachine;
 
   /// Reads the built-in catalogue in the language `lang`. Raises 1 when that fails.
   explicit OmnikorLibXml(Machine machine = {}, const std::string& lang = "en");

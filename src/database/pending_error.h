@@ -11,19 +11,25 @@ namespace kelmar {
 class PendingError {
  public:
   bool isSet() const { return set_; }
-  int number() const { return set_ ? error_.number : 0; }
-  const Failure& error() const { return error_; }
+  int number() const { return !set_ ? 0 : plain_ != 0 ? plain_ : error_.number; }
+  Failure error() const {
+    return plain_ != 0 ? platformFailure(static_cast<PlatformError>(plain_)) : error_;
+  }
 
   void clear() { set_ = false; }
   void set(int number, std::string source, std::string text) {
-    error_ = Failure(number, std::move(source), std::move(text));
-    set_ = true;
+    set(Failure(number, std::move(source), std::move(text)));
   }
   void set(const Failure& failure) {
     error_ = failure;
+    plain_ = 0;
     set_ = true;
   }
-  void set(PlatformError number) { set(platformFailure(number)); }
+  /// Cheap: optional attributes set the slot all the time.
+  void set(PlatformError number) {
+    plain_ = number;
+    set_ = true;
+  }
 
   /// The bitwise complement of the error number taken as a truth value: false for -1 alone. It is
   /// not to be mended; files depend on what it lets through.
@@ -31,6 +37,7 @@ class PendingError {
 
  private:
   bool set_ = false;
+  int plain_ = 0;
   Failure error_{0, {}, {}};
 };
 

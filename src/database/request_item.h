@@ -18,7 +18,7 @@ class OmnikorLibXml;
 class TargetItem;
 
 /// One exchange with the ECU: the bytes sent, the expected reply, and where the data sit in both.
-class RequestItem {
+class RequestItem : public std::enable_shared_from_this<RequestItem> {
  public:
   std::string requestName;                   ///< renamed through RequestItems::rename
   std::shared_ptr<FrameBuffer> RequestBytes; ///< may be none

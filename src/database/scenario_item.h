@@ -55,6 +55,7 @@ class ScenarioItems : public Items<ScenarioItem> {
   void loadXml(OmnikorLibXml& database, xml::Node parent, ButtonItem* owner);
 
  private:
+  std::int32_t greatestIndex() const;
   void renumber();
 };
 

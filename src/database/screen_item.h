@@ -54,7 +54,8 @@ class ScreenItems : public Items<ScreenItem> {
   void loadXml(OmnikorLibXml& database, xml::Node parent, CategoryItem* owner);
 
  private:
-  std::unordered_map<std::string, int> nextSuffix_; // by folded key, so that many clashes stay cheap
+  /// Tries the keys from `suffix` on and answers with the one that served.
+  int addFrom(Pointer item, int suffix);
 };
 
 } // namespace kelmar

@@ -104,7 +104,9 @@ class TargetItem {
   std::vector<ScenarioItem*> GetScreensScenarioUsingRequest(std::string_view name) const;
   /// First position of that name with `reference`, walking requests, then positions.
   DataPositionItem* GetDataPositionFromRefData(std::string_view name) const;
-  /// All reference positions, the first of each data; of the received and of the sent frames.
+  /// All positions with `reference`, in the order of requests.
+  std::vector<DataPositionItem*> datasRefAll() const;
+  /// The reference positions, the first of each data; of the received and of the sent frames.
   std::vector<DataPositionItem*> datasRef() const;
   std::vector<DataPositionItem*> datasRefRead() const;
   std::vector<DataPositionItem*> datasRefWrite() const;
@@ -138,13 +140,9 @@ class TargetItem {
     field = std::forward<Value>(value);
     ValueChanged = true;
   }
-  void adopt();
   void writeFunction(xml::Writer& out);
   bool loadFunction(OmnikorLibXml& database, xml::Node target);
   void loadCollections(OmnikorLibXml& database, xml::Node target);
-  template <class Visit> void forEachScreen(Visit visit) const;
-  template <class Visit> void forEachDisplay(Visit visit) const;
-  std::vector<DataPositionItem*> referencePositions(int side) const;
 
   std::string name_;
   std::int32_t address_ = 0;

@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "database/data_position_item.h"
+
+#include "database/load_members.h"
+#include "database/omnikor_lib_xml.h"
+#include "database/request_item.h"
+#include "database/target_item.h"
+
+#include <unordered_set>
+
+namespace kelmar {
+
+namespace {
+
+const DataItems* datasOf(const RequestItem* request) {
+  if (!request || !request->parent) return nullptr;
+  return request->parent->datas().get();
+}
+
+constexpr char duplicateData[] =
+    "Duplicate Data, a data can be used only one time in the same request";
+
+} // namespace
+
+DataItem* DataPositionItem::data() const {
+  const DataItems* datas = datasOf(parent);
+  return datas ? datas->ItemName(dataName) : nullptr;
+}
+
+void DataPositionItem::setData(const DataItem* item) {
+  if (item) dataName = item->dataName();
+}
+
+std::shared_ptr<DataPositionItem> DataPositionItem::clone(RequestItem* newParent) const {
+  auto copy = std::make_shared<DataPositionItem>(*this);
+  copy->parent = newParent;
+  return copy;
+}
+
+void DataPositionItem::update(const DataPositionItem& source) {
+  StartOctet = source.StartOctet;
+  StartBit = source.StartBit;
+  LittleEndian = source.LittleEndian;
+  param = source.param;
+  reference = source.reference;
+}
+
+void DataPositionItem::createXMLnode(xml::Writer& out, bool withParam) const {
+  const TargetItem* target = parent ? parent->parent : nullptr;
+  const bool ecuLittleEndian = target && target->Parametres() && target->Parametres()->LittleEndian;
+  out.attribute("Name", dataName);
+  if (reference) out.attribute("Ref", "1");
+  out.attribute("FirstByte", StartOctet);
+  if (StartBit != 0) out.attribute("BitOffset", StartBit);
+  if (LittleEndian != ecuLittleEndian) out.attribute("Endian", LittleEndian ? "Little" : "Big");
+  if (withParam && param) out.attribute("Param", "1");
+}
+
+void DataPositionItem::loadXml(OmnikorLibXml& database, xml::Node element) {
+  LoadContext& load = database.loading();
+  load.pending.clear();
+  if (!readText(load, element, "Name", dataName)) {
+    load.pending.set(1, "DataPositionItem.loadXml", platformErrorText(MissingObject));
+    return;
+  }
+  const DataItems* datas = datasOf(parent);
+  if (!datas || !datas->ItemName(dataName)) {
+    load.pending.set(1, "DataPositionItem.loadXml",
+                     "Data name '" + dataName + "' not found, request : " +
+                         (parent ? parent->requestName : std::string()));
+    return;
+  }
+  if (element.attribute("FirstByte")) readNumber(load, element, "FirstByte", StartOctet);
+  if (element.attribute("BitOffset")) readNumber(load, element, "BitOffset", StartBit);
+  if (element.attribute("Ref")) readBoolean(load, element, "Ref", reference);
+  const std::string_view endian = element.attribute("Endian").value();
+  if (endian.empty()) {
+    const auto& parameters = parent->parent->Parametres();
+    LittleEndian = parameters && parameters->LittleEndian;
+  } else if (endian == "Little") {
+    LittleEndian = true;
+  } else if (endian == "Big") {
+    LittleEndian = false;
+  } else {
+    load.notKept("Value", "Endian", element, "'" + std::string(endian) + "': no endianness");
+  }
+  load.pending.clear();
+  if (dataName.empty()) {
+    load.pending.set(1, "DataPositionItem.loadXml",
+                     "DataPositionItem.loadXml error : Dataname missing");
+  }
+}
+
+DataPositionItem* DataPositionItems::Add(const std::string& name) {
+  auto item = std::make_shared<DataPositionItem>();
+  item->dataName = name;
+  return AddData(std::move(item));
+}
+
+DataPositionItem* DataPositionItems::AddData(Pointer item) {
+  if (ItemName(item->dataName)) throw Failure(1, "DataPositionItems.AddData", duplicateData);
+  return append(std::move(item));
+}
+
+DataPositionItem* DataPositionItems::ItemName(std::string_view name) const {
+  for (DataPositionItem* member : *this)
+    if (member->dataName == name) return member;
+  return nullptr;
+}
+
+std::shared_ptr<DataPositionItems> DataPositionItems::clone(RequestItem* newParent) const {
+  auto copy = std::make_shared<DataPositionItems>();
+  // The members of this collection differ in their names already.
+  for (const DataPositionItem* member : *this) copy->append(member->clone(newParent));
+  return copy;
+}
+
+void DataPositionItems::createXMLnode(xml::Writer& out) const {
+  for (const DataPositionItem* member : *this) {
+    out.open("DataItem");
+    member->createXMLnode(out, true);
+    out.close();
+  }
+}
+
+void DataPositionItems::createXMLnodeType(xml::Writer& out, bool param) const {
+  for (const DataPositionItem* member : *this) {
+    if (member->param != param) continue;
+    out.open("DataItem");
+    member->createXMLnode(out);
+    out.close();
+    out.lineFeed();
+  }
+}
+
+void DataPositionItems::loadXml(OmnikorLibXml& database, xml::Node parent, RequestItem* owner) {
+  LoadContext& load = database.loading();
+  load.pending.clear();
+  loadMembers(
+      load, parent, "DataItem", "Position", MemberTest::Bitwise,
+      [&](xml::Node node) {
+        auto item = std::make_shared<DataPositionItem>();
+        item->parent = owner;
+        item->loadXml(database, node);
+        return item;
+      },
+      [this](Pointer item) { AddData(std::move(item)); });
+}
+
+void DataPositionItems::loadXmlType(OmnikorLibXml& database, xml::Node parent, RequestItem* owner,
+                                    bool param) {
+  LoadContext& load = database.loading();
+  load.pending.clear();
+  // A long frame holds thousands of positions: the names are looked up in a set that lives here.
+  std::unordered_set<std::string_view> names;
+  for (const DataPositionItem* member : *this) names.insert(member->dataName);
+  loadMembers(
+      load, parent, "DataItem", "Position", MemberTest::Strict,
+      [&](xml::Node node) {
+        auto item = std::make_shared<DataPositionItem>();
+        item->parent = owner;
+        item->param = param;
+        item->loadXml(database, node);
+        return item;
+      },
+      [&](Pointer item) {
+        if (names.contains(item->dataName))
+          throw Failure(1, "DataPositionItems.AddData", duplicateData);
+        names.insert(append(std::move(item))->dataName);
+      });
+  load.pending.clear();
+}
+
+void updateDataPositions(RequestItem& owner, const DataPositionItems* source) {
+  TargetItem* target = owner.parent;
+  const auto remove = [&](DataPositionItem* position) {
+    if (target) {
+      target->DeleteDataPosition(position);
+    } else {
+      owner.DataPositions->deleteItem(position);
+    }
+  };
+  if (!source) {
+    while (owner.DataPositions && owner.DataPositions->Count() > 0)
+      remove(owner.DataPositions->Item(1));
+    return;
+  }
+  if (!owner.DataPositions) owner.DataPositions = std::make_shared<DataPositionItems>();
+  for (const DataPositionItem* member : *source) {
+    if (DataPositionItem* mine = owner.DataPositions->ItemName(member->dataName)) {
+      mine->update(*member);
+    } else {
+      owner.DataPositions->AddData(member->clone(&owner));
+    }
+  }
+  for (int position = owner.DataPositions->Count(); position >= 1; --position) {
+    DataPositionItem* mine = owner.DataPositions->Item(position);
+    if (!source->ItemName(mine->dataName)) remove(mine);
+  }
+}
+
+} // namespace kelmar
