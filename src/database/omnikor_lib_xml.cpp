@@ -15,6 +15,13 @@ namespace {
 
 constexpr char importSource[] = "OmnikorDatabase.ImportUceFromXml";
 
+/// The root element of that name. The declaration is a node of the name "xml" as well.
+xml::Node rootElement(const xml::Document& document, std::string_view name) {
+  for (xml::Node node : document.node().children())
+    if (node.type() == pugi::node_element && node.name() == name) return node;
+  return {};
+}
+
 std::string dateText(const DateTime& moment) {
   char text[64];
   std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d", moment.year, moment.month,
@@ -71,7 +78,7 @@ void OmnikorLibXml::readCatalogue(const xml::Document& document) {
   const auto number = [](xml::Node row, const char* attribute) {
     return toInt32(std::string_view(row.attribute(attribute).value()));
   };
-  const xml::Node root = document.node().child("xml");
+  const xml::Node root = rootElement(document, "xml");
   for (xml::Node row : root.child("Protocols").children("Protocol")) {
     protocols->Add(number(row, "Code"), number(row, "initMode"),
                    std::string_view(row.attribute("multiPoint").value()) == "1",
@@ -123,7 +130,7 @@ void OmnikorLibXml::ImportUceFromXml(const std::string& url) {
   NewTarget();
   loadFailed_ = true;
   context_.pending.clear();
-  const xml::Node root = document.node().child("xml");
+  const xml::Node root = rootElement(document, "xml");
   if (!root) throw Failure(1, importSource, "Bad xml file, RootNode \"xml\" not found");
   if (std::string_view(root.child("Generator").attribute("name").value()) == "QVR") {
     loadedFromQvr_ = true;
