@@ -85,7 +85,7 @@ def _():
 @sample("all-of-the-target", shows="every attribute and element of the target")
 def _():
     return text_of(plain(ecu("Everything", "can", logical_address="7A", gateway="CGW", tool_address=True, language="English",
-                             reference=False, email="a@b.example", href="http://links.example/a?b=1&c=2",
+                             email="a@b.example", href="http://links.example/a?b=1&c=2",
                              upload="http://upload.example/", group="Group <A>", projects=("NV1", "TK4.e-2", "Été"),
                              comment="  leading blanks go, lines stay\r\n\r\n  indented\r\n<b>&amp;</b>", date="2026-01-15", failures=2,
                              boot="BOOT")))
@@ -292,6 +292,11 @@ def _():
 @sample("projects-twice", "changed", shows="a project that is named twice is kept once")
 def _():
     return text_of(plain(ecu(projects=("NV1",)))).replace("<NV1/>", "<NV1/>\n  <NV1/><nv1/>")
+
+
+@sample("reference-off", "changed", shows="no reference: saved without the mark, which reads as a reference again")
+def _():
+    return text_of(plain(ecu())).replace('Reference="1"', 'Reference="0"')
 
 
 @sample("unknown-failure-type", "changed", shows="a type of failures that the catalogue lacks")
