@@ -42,6 +42,11 @@ char32_t nextCodePoint(std::string_view text, std::size_t& index) {
 template <typename Ascii, typename Unicode>
 std::string mapCharacters(std::string_view text, Ascii ascii, Unicode unicode) {
   std::string mapped;
+  if (std::all_of(text.begin(), text.end(), isAscii)) {
+    mapped = text;
+    std::transform(mapped.begin(), mapped.end(), mapped.begin(), ascii);
+    return mapped;
+  }
   mapped.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {
     if (isAscii(text[i]))
