@@ -13,13 +13,16 @@
 #include "xml/white_space.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <malloc.h>
 #include <new>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <thread>
+#include <unistd.h>
 
 namespace kelmar::xml {
 
@@ -85,6 +88,48 @@ struct Document::Source {
     fileBytes.reset();
     // The pages of the tree are small blocks, which the allocator would keep for later.
     if (large) ::malloc_trim(0);
+  }
+
+  // Bytes of the file whose nodes are gone: those of the first children of one element, up to the
+  // first that is left.
+  const void* discardedFrom = nullptr; // that element
+  std::size_t discardedStart = 0;
+
+  // A node made later may take the place of one that goes.
+  void forgetLines(Node top) {
+    if (nodeLines.empty()) return;
+    for (Node node = top; node;) {
+      nodeLines.erase(node.internal_object());
+      if (const Node child = node.first_child()) {
+        node = child;
+        continue;
+      }
+      while (node != top && !node.next_sibling())
+        node = node.parent();
+      if (node == top) break;
+      node = node.next_sibling();
+    }
+  }
+
+  void discard(Node node) {
+    if (node.internal_object() == discardedFrom) discardedFrom = nullptr;
+    Node parent = node.parent();
+    const Node next = node.next_sibling();
+    const bool first = !node.previous_sibling();
+    const std::ptrdiff_t start = node.offset_debug(), end = next.offset_debug();
+    if (!parent.remove_child(node) || !fileBytes || !first || start < 0 || end < 0) return;
+    if (discardedFrom != parent.internal_object()) {
+      discardedFrom = parent.internal_object();
+      discardedStart = static_cast<std::size_t>(start);
+    }
+    if (static_cast<std::size_t>(end) < discardedStart + largeFile) return;
+    // Only whole pages; the tree never reads them again.
+    static const auto pageSize = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const auto base = reinterpret_cast<std::uintptr_t>(fileBytes.get());
+    const std::uintptr_t from = (base + discardedStart + pageSize - 1) / pageSize * pageSize;
+    const std::uintptr_t to = (base + static_cast<std::size_t>(end) - 1) / pageSize * pageSize;
+    ::madvise(reinterpret_cast<void*>(from), to - from, MADV_DONTNEED);
+    discardedStart = to - base;
   }
 
   // Parses what has been or is being judged; the text is used up.
@@ -243,12 +288,22 @@ Node Document::node() const {
   return source_ ? source_->tree : Node();
 }
 
+Node Document::root() const {
+  return source_ ? source_->tree.document_element() : Node();
+}
+
 pugi::xpath_node Document::selectSingleNode(const std::string& path) const {
   return xml::selectSingleNode(node(), path);
 }
 
 std::vector<Node> Document::selectNodes(const std::string& path) const {
   return xml::selectNodes(node(), path);
+}
+
+void Document::discard(Node node) {
+  if (!source_ || !node || node.root() != source_->tree || node == source_->tree) return;
+  source_->forgetLines(node);
+  source_->discard(node);
 }
 
 std::size_t Document::lineOf(Node node) const {

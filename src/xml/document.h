@@ -83,9 +83,16 @@ class Document {
 
   /// The document node; its child is the root element.
   Node node() const;
+  /// The root element; null when the document is empty.
+  Node root() const;
   /// First match of an XPath, or a null node. Never raises.
   pugi::xpath_node selectSingleNode(const std::string& path) const;
   std::vector<Node> selectNodes(const std::string& path) const;
+
+  /// Takes a node, and all below it, out of the tree and gives its memory back, so that a large
+  /// document shrinks while it is read from front to back. No handle to any of them may be used
+  /// afterwards; lines of other nodes stay known.
+  void discard(Node node);
 
   /// Line of the node in the source, 1-based; 0 when the node does not come from there. For an
   /// element the line of its start tag, for a text that of its first character.
