@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "common/ecu_saving.h"
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "language/multi_lang.h"
+#include "platform/files.h"
+
+#include <utility>
+
+namespace kelmar {
+
+std::optional<std::string> EcuSaving::askForFile(const std::string& file,
+                                                 const TargetItem& target) const {
+  return person_.file(
+      {platform::FileQuestion::Kind::Save,
+       texts_.getMultilangMessageDefault("Save ECU", "SELECTOR/MSG/saveFile/dialog"),
+       texts_.getMultilangMessageDefault("Ecu Files (*.xml)|*.xml|All files (*.*)|*.*",
+                                         "SELECTOR/MSG/saveFile/filter"),
+       ".xml", file.empty() ? MakeFileSafeName(target.name()) : file});
+}
+
+bool EcuSaving::mayBeSaved(const OmnikorLibXml& database) const {
+  if (!database.loadedFromQvr()) return true;
+  person_.message({"SELECTOR/MSG/saveQvr/text",
+                   texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/saveQvr/title"),
+                   texts_.getMultilangMessageDefault(siblingToolRefusal,
+                                                     "SELECTOR/MSG/saveQvr/text"),
+                   platform::Buttons::Ok, platform::Icon::Exclamation});
+  return false;
+}
+
+bool EcuSaving::write(OmnikorLibXml& database, const std::string& file) const {
+  if (platform::fileExists(file) && platform::isReadOnly(file)) {
+    person_.message(
+        {"SELECTOR/MSG/fileIsProtected/text",
+         texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/fileIsProtected/title"),
+         texts_.getMultilangMessageDefault(
+             "File '{0}' is read only. Unprotect it or choose a new name.",
+             "SELECTOR/MSG/fileIsProtected/text", file),
+         platform::Buttons::Ok, platform::Icon::Exclamation});
+    return false;
+  }
+  std::string bytes;
+  try {
+    bytes = database.ExportUceToXml(file);
+  } catch (const Failure& failure) {
+    person_.message(
+        {"SELECTOR/MSG/saveFileError/text",
+         texts_.getMultilangMessageDefault("Save Ecu file error",
+                                           "SELECTOR/MSG/saveFileError/title"),
+         texts_.getMultilangMessageDefault("File : {0}{crlf}Error : {1}",
+                                           "SELECTOR/MSG/saveFileError/text", file, failure.text),
+         platform::Buttons::Ok, platform::Icon::Critical});
+    return false;
+  }
+  if (!readsBack(file, std::move(bytes))) {
+    person_.message(
+        {"SELECTOR/MSG/fileSaveError/text",
+         texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/fileSaveError/title"),
+         texts_.getMultilangMessageDefault("File '{0}' badly saved. Check disk size, name, ...",
+                                           "SELECTOR/MSG/fileSaveError/text", file),
+         platform::Buttons::Ok, platform::Icon::Critical});
+    return false;
+  }
+  database.forgetReport();
+  if (database.ActiveTarget) database.ActiveTarget->ValueChanged = false;
+  return true;
+}
+
+bool readsBack(const std::string& file, std::string bytes) {
+  if (!platform::holds(file, bytes)) return false;
+  xml::Document document;
+  return document.loadBytes(std::move(bytes));
+}
+
+bool copyToBackup(const std::string& file) {
+  try {
+    if (!platform::fileExists(file)) return false;
+    const std::string path = platform::absolutePath(file);
+    platform::copyWhole(path, path + ".bak");
+    return true;
+  } catch (const Failure&) {
+    // A backup that cannot be made must not keep the person from working.
+    return false;
+  }
+}
+
+} // namespace kelmar
