@@ -13,6 +13,7 @@
 #include "frame/uctl_new_ecu_addr.h"
 #include "language/error_box.h"
 #include "language/multi_lang.h"
+#include "platform/site_settings.h"
 
 #include <QAction>
 #include <QDragEnterEvent>
@@ -33,7 +34,8 @@ using desktop::u8;
 UceSelector::UceSelector(Machine machine, QWidget* parent)
     : QWidget(parent), parts_(std::make_unique<Parts>(*this, machine)) {
   parts_->database = std::make_shared<OmnikorLibXml>(
-      OmnikorLibXml::Machine{machine.fetch, &machine.person, machine.clock}, "en");
+      OmnikorLibXml::Machine{machine.fetch, &machine.person, machine.clock},
+      machine.site ? machine.site->CurrentLanguage() : "en");
   setAcceptDrops(true);
   parts_->makeControls();
   parts_->makeCommands();

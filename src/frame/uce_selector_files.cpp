@@ -62,10 +62,13 @@ bool UceSelector::Parts::load(const std::string& file) {
   applyState();
   emit page.UceSelected(false);
   database->functions = std::make_shared<FunctionItems>();
+  database->forgetReport();
   try {
     database->ImportUceFromXml(file);
     return true;
   } catch (const Failure& failure) {
+    // What a failed load left is no ECU to work on, and never one to be saved.
+    database->ClearTarget();
     fileName.clear();
     clearSummary();
     showProjects();

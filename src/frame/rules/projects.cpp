@@ -2,11 +2,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frame/rules/projects.h"
 
+#include "base/text.h"
 #include "xml/document.h"
 
 #include <algorithm>
 
 namespace kelmar {
+
+namespace {
+
+/// As the names are keyed: without regard to case.
+bool holds(const ProjectNames& projects, const std::string& name) {
+  return std::any_of(projects.begin(), projects.end(), [folded = foldCase(name)](const auto& held) {
+    return foldCase(held) == folded;
+  });
+}
+
+} // namespace
 
 std::optional<std::vector<std::string>> projectCodes(const std::string& file,
                                                      platform::Fetch* fetch) {
@@ -26,7 +38,7 @@ ProjectList::ProjectList(const std::string& allProjects, const std::vector<std::
 
 void ProjectList::show(const ProjectNames& projects) {
   for (std::size_t i = 1; i < entries_.size(); ++i)
-    entries_[i].marked = projects.contains(entries_[i].text);
+    entries_[i].marked = holds(projects, entries_[i].text);
   followOthers();
 }
 
@@ -42,7 +54,7 @@ void ProjectList::writeTo(ProjectNames& projects) const {
   projects.clear();
   for (std::size_t i = 1; i < entries_.size(); ++i)
     // A code may stand twice in the projects file, for two manufacturers.
-    if (entries_[i].marked && !projects.contains(entries_[i].text)) projects.Add(entries_[i].text);
+    if (entries_[i].marked && !holds(projects, entries_[i].text)) projects.Add(entries_[i].text);
 }
 
 void ProjectList::followOthers() {
