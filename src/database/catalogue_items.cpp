@@ -290,6 +290,12 @@ FunctionItem* FunctionItems::ItemName(std::string_view name) const {
   return firstMatch(*this, [&](const FunctionItem& item) { return item.functionName == name; });
 }
 
+std::shared_ptr<FunctionItems> FunctionItems::clone() const {
+  auto copy = std::make_shared<FunctionItems>();
+  for (const FunctionItem* item : *this) copy->AddData(item->clone());
+  return copy;
+}
+
 void FunctionItems::createXMLnode(xml::Writer& out) const {
   for (const FunctionItem* item : *this) {
     out.open("Function");

@@ -105,6 +105,7 @@ class FunctionItems : public Items<FunctionItem> {
   FunctionItem* ItemAddress(std::int32_t address) const;
   FunctionItem* ItemLogicalAddress(std::string_view logicalAddress) const;
   FunctionItem* ItemName(std::string_view name) const;
+  std::shared_ptr<FunctionItems> clone() const;
   void createXMLnode(xml::Writer& out) const;
   void loadXml(OmnikorLibXml& database, xml::Node parent);
 };

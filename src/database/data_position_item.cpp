@@ -57,13 +57,35 @@ void DataPositionItem::createXMLnode(xml::Writer& out, bool withParam) const {
   if (withParam && param) out.attribute("Param", "1");
 }
 
+namespace {
+
+/// The attributes of a position, found in one pass: a file holds more positions than anything else.
+struct PositionAttributes {
+  xml::Attribute name, firstByte, bitOffset, ref, endian;
+
+  explicit PositionAttributes(xml::Node element) {
+    for (xml::Attribute attribute : element.attributes()) {
+      const std::string_view label = attribute.name();
+      if (label == "Name") name = attribute;
+      else if (label == "FirstByte") firstByte = attribute;
+      else if (label == "BitOffset") bitOffset = attribute;
+      else if (label == "Ref") ref = attribute;
+      else if (label == "Endian") endian = attribute;
+    }
+  }
+};
+
+} // namespace
+
 void DataPositionItem::loadXml(OmnikorLibXml& database, xml::Node element) {
   LoadContext& load = database.loading();
   load.pending.clear();
-  if (!readText(load, element, "Name", dataName)) {
+  const PositionAttributes attributes(element);
+  if (!attributes.name) {
     load.pending.set(1, "DataPositionItem.loadXml", platformErrorText(MissingObject));
     return;
   }
+  dataName = attributes.name.value();
   const DataItems* datas = datasOf(parent);
   if (!datas || !datas->ItemName(dataName)) {
     load.pending.set(1, "DataPositionItem.loadXml",
@@ -71,10 +93,10 @@ void DataPositionItem::loadXml(OmnikorLibXml& database, xml::Node element) {
                          (parent ? parent->requestName : std::string()));
     return;
   }
-  if (element.attribute("FirstByte")) readNumber(load, element, "FirstByte", StartOctet);
-  if (element.attribute("BitOffset")) readNumber(load, element, "BitOffset", StartBit);
-  if (element.attribute("Ref")) readBoolean(load, element, "Ref", reference);
-  const std::string_view endian = element.attribute("Endian").value();
+  if (attributes.firstByte) readNumber(load, element, "FirstByte", StartOctet);
+  if (attributes.bitOffset) readNumber(load, element, "BitOffset", StartBit);
+  if (attributes.ref) readBoolean(load, element, "Ref", reference);
+  const std::string_view endian = attributes.endian.value();
   if (endian.empty()) {
     const auto& parameters = parent->parent->Parametres();
     LittleEndian = parameters && parameters->LittleEndian;

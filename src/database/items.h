@@ -3,14 +3,15 @@
 #pragma once
 
 #include "base/failure.h"
+#include "base/name_index.h"
 #include "base/text.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace kelmar {
@@ -58,8 +59,9 @@ template <class T> class Items {
   }
   /// By key, none when absent. Never fails.
   T* findKey(std::string_view key) const {
-    auto found = keys_.find(FoldedKey(key).view());
-    return found == keys_.end() ? nullptr : found->second;
+    if (!keys_) return nullptr;
+    T* const* found = keys_->index.find(FoldedKey(key).view());
+    return found ? *found : nullptr;
   }
 
   /// Position of this very object, 0 when it is not a member.
@@ -110,7 +112,7 @@ template <class T> class Items {
   /// Clears and removes all members, from the front.
   void clear() {
     for (const Entry& entry : entries_) entry.item->clear();
-    keys_.clear();
+    keys_.reset();
     entries_.clear();
   }
 
@@ -162,33 +164,47 @@ template <class T> class Items {
  private:
   struct Entry {
     Pointer item;
-    const std::string* key; // in keys_; none for a member without key
+    std::string* key; // in keys_; none for a member without key
   };
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const {
-      return std::hash<std::string_view>()(text);
+
+  /// The index does not copy its names: they live here, where they do not move.
+  struct Keys {
+    NameIndex<T*> index;
+    std::deque<std::string> names;
+    std::vector<std::string*> freeNames;
+
+    std::string* keep(std::string_view name) {
+      if (freeNames.empty()) return &names.emplace_back(name);
+      std::string* kept = freeNames.back();
+      freeNames.pop_back();
+      kept->assign(name);
+      return kept;
     }
   };
 
   T* insert(std::size_t at, Pointer item, std::string_view key) {
-    auto [place, added] = keys_.try_emplace(std::string(FoldedKey(key).view()), item.get());
-    if (!added) throw platformFailure(KeyExists);
+    const FoldedKey folded(key);
     T* raw = item.get();
+    if (!keys_) keys_ = std::make_unique<Keys>();
+    if (keys_->index.contains(folded.view())) throw platformFailure(KeyExists);
+    std::string* kept = keys_->keep(folded.view());
+    keys_->index.insert(*kept, raw);
     if (at == entries_.size()) {
-      entries_.push_back({std::move(item), &place->first});
+      entries_.push_back({std::move(item), kept});
     } else {
       entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(at),
-                      Entry{std::move(item), &place->first});
+                      Entry{std::move(item), kept});
     }
     return raw;
   }
   void dropKey(const Entry& entry) {
-    if (entry.key) keys_.erase(keys_.find(std::string_view(*entry.key)));
+    if (!entry.key) return;
+    keys_->index.erase(*entry.key);
+    keys_->freeNames.push_back(entry.key);
   }
 
   std::vector<Entry> entries_;
-  std::unordered_map<std::string, T*, Hash, std::equal_to<>> keys_;
+  std::unique_ptr<Keys> keys_; // most collections never have a key
 };
 
 /// Position behind which a rough insertion puts a member: the last one that sorts after it, found by

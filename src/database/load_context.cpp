@@ -3,11 +3,13 @@
 #include "database/load_context.h"
 
 #include "base/conversions.h"
+#include "base/name_index.h"
 #include "base/text.h"
 #include "database/items.h"
 #include "database/load_members.h"
 #include "database/target_item.h"
 
+#include <deque>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -22,11 +24,13 @@ constexpr int positionsWorthAnIndex = 16;
 
 struct LoadContext::WholeFile {
   xml::Document* document = nullptr;
-  std::unordered_set<std::string> deviceDatas;  // exact names
-  std::unordered_set<std::string> flagKeys;     // folded names
+  // The names belong to the model.
+  NameIndex<bool> deviceDatas;    // exact names
+  NameIndex<bool> flagKeys;       // folded names, kept below
+  std::deque<std::string> folded;
   std::unordered_set<std::int32_t> obdCodes;
   bool referencesKnown = false;
-  std::unordered_map<std::string_view, DataPositionItem*> references;
+  NameIndex<DataPositionItem*> references;
   std::unordered_map<const RequestItem*, std::unordered_map<std::string, DataPositionItem*>>
       positions; // by data name in lower case
 };
@@ -63,10 +67,10 @@ DataPositionItem* LoadContext::referencePosition(const TargetItem& target,
   if (!file_->referencesKnown) {
     file_->referencesKnown = true;
     for (DataPositionItem* position : target.datasRefAll())
-      file_->references.try_emplace(position->dataName, position);
+      file_->references.insert(position->dataName, position);
   }
-  const auto found = file_->references.find(dataName);
-  return found == file_->references.end() ? nullptr : found->second;
+  DataPositionItem* const* found = file_->references.find(dataName);
+  return found ? *found : nullptr;
 }
 
 DataPositionItem* LoadContext::positionInRequest(const TargetItem& target,
@@ -91,8 +95,8 @@ bool LoadContext::isTakenByDevice(const OrganeItem& device, std::string_view dat
     return device.parent->GetDeviceUsingData(dataName) || device.GetDeviceDataUsingData(dataName) ||
            device.GetTestUsingData(dataName);
   }
-  return file_->deviceDatas.contains(std::string(dataName)) ||
-         file_->flagKeys.contains(std::string(FoldedKey(dataName).view()));
+  return file_->deviceDatas.contains(dataName) ||
+         file_->flagKeys.contains(FoldedKey(dataName).view());
 }
 
 bool LoadContext::isObdTaken(const OrganeItem& device, std::int32_t obd) {
@@ -104,11 +108,14 @@ bool LoadContext::isObdTaken(const OrganeItem& device, std::int32_t obd) {
 }
 
 void LoadContext::noteDeviceData(std::string_view dataName) {
-  if (file_) file_->deviceDatas.emplace(dataName);
+  if (file_) file_->deviceDatas.insert(dataName, true);
 }
 
 void LoadContext::noteFlag(std::string_view dataName) {
-  if (file_) file_->flagKeys.emplace(FoldedKey(dataName).view());
+  if (!file_) return;
+  const FoldedKey key(dataName);
+  if (!file_->flagKeys.contains(key.view()))
+    file_->flagKeys.insert(file_->folded.emplace_back(key.view()), true);
 }
 
 void LoadContext::noteObd(std::int32_t obd) {

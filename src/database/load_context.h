@@ -53,6 +53,7 @@ class LoadContext {
   bool isTakenByDevice(const OrganeItem& device, std::string_view dataName);
   /// The same for the OBD code of a test.
   bool isObdTaken(const OrganeItem& device, std::int32_t obd);
+  /// The text must stay where it is while the file is read.
   void noteDeviceData(std::string_view dataName);
   void noteFlag(std::string_view dataName);
   void noteObd(std::int32_t obd);

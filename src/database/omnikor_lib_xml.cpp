@@ -50,7 +50,11 @@ OmnikorLibXml::~OmnikorLibXml() {
 }
 
 void OmnikorLibXml::RaiseLibMessage(const std::string& source, const std::string& message) const {
-  if (LibMessage) LibMessage(source, message);
+  if (heldMessages_) {
+    heldMessages_->emplace_back(source, message);
+  } else if (LibMessage) {
+    LibMessage(source, message);
+  }
 }
 
 std::string OmnikorLibXml::Version() { return applicationVersion; }
@@ -95,10 +99,15 @@ void OmnikorLibXml::ClearTarget() {
   ActiveTarget.reset();
 }
 
+std::shared_ptr<TargetItem> OmnikorLibXml::makeTarget() {
+  auto target = std::make_shared<TargetItem>();
+  target->parent = this;
+  return target;
+}
+
 TargetItem* OmnikorLibXml::NewTarget() {
   ClearTarget();
-  ActiveTarget = std::make_shared<TargetItem>();
-  ActiveTarget->parent = this;
+  ActiveTarget = makeTarget();
   loadFailed_ = false;
   loadedFromQvr_ = false;
   report_.clear();
@@ -119,27 +128,55 @@ void OmnikorLibXml::askAboutSiblingTool() {
                 "used QVR to change it\"");
 }
 
+void OmnikorLibXml::readTarget(xml::Document& document, TargetItem& target) {
+  const WholeFileLoad whole(context_, document);
+  target.loadXml(*this, rootElement(document, "xml"));
+}
+
+// A large file is read into the model while it is still being judged. So whatever reading does is
+// held back until the file is known to be well formed: the target, the functions, the messages.
 void OmnikorLibXml::ImportUceFromXml(const std::string& url) {
   xml::Document document;
   // Until the end is reached, whatever stands in the target is not to be saved.
   loadFailed_ = true;
   report_.clear();
-  if (!document.load(url, machine_.fetch, xml::Whitespace::DropBetweenElements))
+  const std::shared_ptr<FunctionItems> functionsBefore = functions;
+  std::vector<std::pair<std::string, std::string>> messages;
+  std::shared_ptr<TargetItem> target;
+  bool hasRoot = false, isSiblingTools = false;
+  const auto read = [&] {
+    functions = functionsBefore ? functionsBefore->clone() : nullptr;
+    messages.clear();
+    target = makeTarget();
+    const xml::Node root = rootElement(document, "xml");
+    hasRoot = bool(root);
+    isSiblingTools = std::string_view(root.child("Generator").attribute("name").value()) == "QVR";
+    if (hasRoot) readTarget(document, *target);
+  };
+  bool isWellFormed = false;
+  try {
+    heldMessages_ = &messages;
+    isWellFormed = document.load(url, machine_.fetch, xml::Whitespace::DropBetweenElements, read);
+  } catch (...) {
+    heldMessages_ = nullptr;
+    functions = functionsBefore;
+    throw;
+  }
+  heldMessages_ = nullptr;
+  std::shared_ptr<FunctionItems> functionsRead = std::exchange(functions, functionsBefore);
+  if (!isWellFormed)
     throw Failure(1, importSource, "Bad xml file, Reason=" + document.parseError().reason);
   RaiseLibMessage("OmnikorDatabase", "Loading url : " + url);
   NewTarget();
   loadFailed_ = true;
-  context_.pending.clear();
-  const xml::Node root = rootElement(document, "xml");
-  if (!root) throw Failure(1, importSource, "Bad xml file, RootNode \"xml\" not found");
-  if (std::string_view(root.child("Generator").attribute("name").value()) == "QVR") {
+  if (!hasRoot) throw Failure(1, importSource, "Bad xml file, RootNode \"xml\" not found");
+  if (isSiblingTools) {
     loadedFromQvr_ = true;
     askAboutSiblingTool();
   }
-  {
-    const WholeFileLoad whole(context_, document);
-    ActiveTarget->loadXml(*this, root);
-  }
+  ActiveTarget = std::move(target);
+  functions = std::move(functionsRead);
+  for (const auto& [source, message] : messages) RaiseLibMessage(source, message);
   report_ = context_.takeReport();
   if (context_.pending.isSet()) throw context_.pending.error();
   loadFailed_ = false;

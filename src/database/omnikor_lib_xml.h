@@ -12,6 +12,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kelmar {
 
@@ -92,10 +94,14 @@ class OmnikorLibXml {
  private:
   void readCatalogue(const xml::Document& document);
   void askAboutSiblingTool();
+  std::shared_ptr<TargetItem> makeTarget();
+  void readTarget(xml::Document& document, TargetItem& target);
 
   Machine machine_;
   LoadContext context_;
   LoadReport report_;
+  /// Messages that wait for the end of a load, while there is one.
+  std::vector<std::pair<std::string, std::string>>* heldMessages_ = nullptr;
   bool loadedFromQvr_ = false;
   bool loadFailed_ = false;
 };

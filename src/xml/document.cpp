@@ -18,6 +18,7 @@
 #include <cstring>
 #include <malloc.h>
 #include <new>
+#include <optional>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -81,6 +82,7 @@ struct Document::Source {
   LineTable lines;
   NodeLines nodeLines;
   bool large = false;
+  std::optional<std::size_t> depth; // as far as the quick look knows
 
   ~Source() {
     tree.reset();
@@ -137,7 +139,9 @@ struct Document::Source {
     large = size >= largeFile;
     const std::string_view view(bytes, size);
     lines = LineTable(view);
-    const bool keep = whitespace == Whitespace::Keep || whiteSpaceMatters(view);
+    const MarkupScan scan = scanMarkup(view);
+    depth = scan.depth;
+    const bool keep = whitespace == Whitespace::Keep || scan.whiteSpaceMatters;
     const unsigned flags =
         parseFlags | (keep ? pugi::parse_ws_pcdata : pugi::parse_ws_pcdata_single);
     return static_cast<bool>(tree.load_buffer_inplace(bytes, size, flags, pugi::encoding_utf8));
@@ -162,14 +166,24 @@ bool Document::fail(ParseError error) {
   return false;
 }
 
-bool Document::load(const std::string& pathOrUrl, platform::Fetch* fetch, Whitespace whitespace) {
+bool Document::load(const std::string& pathOrUrl, platform::Fetch* fetch, Whitespace whitespace,
+                    const Reader& reader) {
+  bool isReading = false;
+  const Reader tracked = [&] {
+    isReading = true;
+    if (reader) reader();
+    isReading = false;
+  };
   try {
     if (startsWithIgnoringCase(pathOrUrl, "http:") || startsWithIgnoringCase(pathOrUrl, "https:")) {
       if (!fetch) return fail(NotReadable, pathOrUrl + ": no network access here");
-      return loadBytes(fetch->get(pathOrUrl), whitespace);
+      if (!loadBytes(fetch->get(pathOrUrl), whitespace)) return false;
+      tracked();
+      return true;
     }
-    return loadFile(platform::localPathOf(pathOrUrl), whitespace);
+    return loadFile(platform::localPathOf(pathOrUrl), whitespace, tracked);
   } catch (const Failure& failure) {
+    if (isReading) throw;
     return fail(NotReadable, failure.text);
   } catch (const std::bad_alloc&) {
     return fail(OutOfMemory, "out of memory");
@@ -221,18 +235,22 @@ bool Document::loadText(std::string text, std::size_t markLength, Whitespace whi
 // A large file is read twice at once: the judge reads it in small pieces on a thread of its own
 // while the tree is made here, and neither result counts without the other. Expat takes the longer
 // of the two, so that the tree costs no time. Nothing of the thread outlives this function.
-bool Document::loadFile(const std::string& path, Whitespace whitespace) {
+bool Document::loadFile(const std::string& path, Whitespace whitespace, const Reader& reader) {
+  const auto loadWhole = [&] {
+    if (!loadBytes(platform::readFile(path), whitespace)) return false;
+    reader();
+    return true;
+  };
   const platform::FileHandle file = platform::openForReading(path);
   struct stat status {};
   const bool regular = ::fstat(file.descriptor(), &status) == 0 && S_ISREG(status.st_mode);
   const auto size = regular ? static_cast<std::size_t>(status.st_size) : 0;
-  if (size < largeFile) return loadBytes(platform::readFile(path), whitespace);
+  if (size < largeFile) return loadWhole();
 
   char head[headSize];
   const DetectedEncoding found =
       detectEncoding({head, platform::readSomeAt(file, head, sizeof head, 0, path)});
-  if (!found.error.empty() || found.encoding != Encoding::Utf8)
-    return loadBytes(platform::readFile(path), whitespace);
+  if (!found.error.empty() || found.encoding != Encoding::Utf8) return loadWhole();
 
   source_ = std::make_unique<Source>();
   error_ = {};
@@ -246,7 +264,7 @@ bool Document::loadFile(const std::string& path, Whitespace whitespace) {
 
   Judge judge(limits_, length);
   Fingerprint judged, parsed;
-  bool wellFormed = false, readFailed = false, parsedWell = false;
+  bool wellFormed = false, readFailed = false, parsedWell = false, isRead = false;
   const auto judgeFile = [&] {
     std::size_t offset = 0;
     wellFormed = judge.run([&](char* to, std::size_t wanted) {
@@ -272,16 +290,24 @@ bool Document::loadFile(const std::string& path, Whitespace whitespace) {
       offset += got;
     }
     parsedWell = source_->parseInPlace(bytes, offset, whitespace);
+    // A tree of a depth that is not known to be bearable waits for the judge.
+    if (parsedWell && source_->depth && *source_->depth <= limits_.depth) {
+      reader();
+      isRead = true;
+    }
   } catch (const std::system_error&) {
     parsedWell = false; // no second thread to be had
   }
   if (!judge.needsEvents() && judge.error().errorCode != 0 && !readFailed)
     return fail(judge.error());
-  if (wellFormed && parsedWell && judged == parsed) return true;
+  if (wellFormed && parsedWell && judged == parsed) {
+    if (!isRead) reader();
+    return true;
+  }
 
   // A DTD, or a file that fails or changes while it is read: one after the other, from one read.
   source_ = std::make_unique<Source>();
-  return loadBytes(platform::readFile(path), whitespace);
+  return loadWhole();
 }
 
 Node Document::node() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <pugixml.hpp>
 #include <string>
@@ -71,9 +72,15 @@ class Document {
   Document(Document&&) noexcept;
   Document& operator=(Document&&) noexcept;
 
-  /// A local path, a "file:" address, or an "http:" address when there is a `fetch`.
+  /// Looks at the tree while the rest of the load goes on. It may run before a large file is judged to
+  /// its end, and again when the file has to be read anew: what it makes counts only when the load
+  /// gives true, and from its last run.
+  using Reader = std::function<void()>;
+
+  /// A local path, a "file:" address, or an "http:" address when there is a `fetch`. What `reader`
+  /// raises leaves the load.
   bool load(const std::string& pathOrUrl, platform::Fetch* fetch = nullptr,
-            Whitespace whitespace = Whitespace::Keep);
+            Whitespace whitespace = Whitespace::Keep, const Reader& reader = {});
   /// Bytes of a file, with whatever encoding they declare.
   bool loadBytes(std::string bytes, Whitespace whitespace = Whitespace::Keep);
   /// UTF-8 text, such as the clipboard's: an encoding named inside is ignored.
@@ -102,7 +109,7 @@ class Document {
   struct Source;
   bool fail(int code, const std::string& reason, std::size_t line = 0, std::size_t column = 0);
   bool fail(ParseError error);
-  bool loadFile(const std::string& path, Whitespace whitespace);
+  bool loadFile(const std::string& path, Whitespace whitespace, const Reader& reader);
   bool loadText(std::string text, std::size_t markLength, Whitespace whitespace);
 
   Limits limits_;

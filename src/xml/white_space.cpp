@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "xml/white_space.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace kelmar::xml {
@@ -65,7 +66,9 @@ const char* tagEnd(const char* p, const char* end) {
 
 } // namespace
 
-bool whiteSpaceMatters(std::string_view text) {
+MarkupScan scanMarkup(std::string_view text) {
+  constexpr MarkupScan matters{.whiteSpaceMatters = true, .depth = {}};
+  std::size_t depth = 0, deepest = 0;
   const char *p = text.data(), *const end = p + text.size();
   Run run;
   bool inRoot = false; // white space around the root is no text at all
@@ -82,7 +85,8 @@ bool whiteSpaceMatters(std::string_view text) {
     if (end - p < 3) break;
     const std::string_view rest(p, static_cast<std::size_t>(end - p));
     if (p[1] == '/') {
-      if (run.matters(true)) return true;
+      if (run.matters(true)) return matters;
+      if (depth > 0) --depth;
       run = {};
       p = find(p, end, '>') + 1;
     } else if (p[1] == '?') {
@@ -95,18 +99,19 @@ bool whiteSpaceMatters(std::string_view text) {
       run.content = true;
       p = behind(p + 9, end, "]]>");
     } else if (p[1] == '!') {
-      return true; // a DTD: not worth a closer look
+      return matters; // a DTD: not worth a closer look
     } else {
-      if (run.matters(false)) return true;
+      if (run.matters(false)) return matters;
       inRoot = true;
       run = {};
       p = tagEnd(p + 1, end);
       if (p >= end) break;
       run.afterStartTag = p[-1] != '/';
+      if (run.afterStartTag) deepest = std::max(deepest, ++depth);
       ++p;
     }
   }
-  return false;
+  return {.whiteSpaceMatters = false, .depth = deepest};
 }
 
 } // namespace kelmar::xml
