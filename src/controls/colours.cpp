@@ -14,10 +14,10 @@ QPalette::ColorRole roleOf(std::uint32_t index) {
   switch (index) {
   case 5: // window
     return QPalette::Base;
-  case 4: // menu bar
+  case 4:  // menu bar
   case 15: // face of a button
     return QPalette::Button;
-  case 1: // desktop
+  case 1:  // desktop
   case 12: // work area
     return QPalette::Window;
   case 0: // scroll bar
@@ -70,8 +70,7 @@ double contrast(const QColor& a, const QColor& b) {
 } // namespace
 
 QColor shownColour(std::uint32_t colour, const QPalette& palette) {
-  if (colour & systemColourMark)
-    return palette.color(roleOf(colour & 0xFFu));
+  if (colour & systemColourMark) return palette.color(roleOf(colour & 0xFFu));
   return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
                 static_cast<int>(colour >> 16 & 0xFF));
 }
@@ -82,14 +81,14 @@ std::uint32_t storedColour(const QColor& colour) {
 }
 
 QColor readableOn(const QPalette& palette, const QColor& wanted) {
-  constexpr double enough = 3.9; // pure red on white just passes
   const QColor base = palette.color(QPalette::Base);
-  const double step = luminance(base) < 0.18 ? 0.08 : -0.08;
+  const bool dark = luminance(base) < 0.18;
+  const double enough = dark ? 4.5 : 3.9; // pure red stays what it is on white
+  const double step = dark ? 0.08 : -0.08;
   QColor result = wanted.toHsl();
   while (contrast(result, base) < enough) {
     const double lightness = result.lightnessF() + step;
-    if (lightness <= 0 || lightness >= 1)
-      return palette.color(QPalette::Text);
+    if (lightness <= 0 || lightness >= 1) return palette.color(QPalette::Text);
     result.setHslF(result.hslHueF(), result.hslSaturationF(), static_cast<float>(lightness));
   }
   return result.toRgb();

@@ -29,14 +29,13 @@ CommandTable::CommandTable(QWidget* owner, std::vector<Command> commands) : QObj
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     // Enabled states may be older than a key press that follows another event.
     connect(action, &QAction::triggered, this, [run = command.run, enabled = command.enabled] {
-      if (!enabled || enabled())
-        run();
+      if (!enabled || enabled()) run();
     });
     owner->addAction(action);
     QMenu* menu = nullptr;
     if (!command.dropDown.empty()) {
       menu = new QMenu(owner);
-      menu->setObjectName(qs(command.key));
+      menu->setObjectName(qs(command.key + "Menu"));
       fillMenu(*menu, command.dropDown, command.chosen);
     }
     entries_.push_back(Entry{std::move(command), action, menu});
@@ -55,8 +54,7 @@ void CommandTable::fillToolBar(QToolBar& bar, const std::vector<std::string>& ke
     auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(found.action));
     button->setFocusPolicy(Qt::TabFocus);
     button->setObjectName(qs(key));
-    if (!found.command.caption.empty())
-      button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    if (!found.command.caption.empty()) button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     if (found.menu) {
       button->setMenu(found.menu);
       button->setPopupMode(QToolButton::MenuButtonPopup);
@@ -73,17 +71,17 @@ void CommandTable::fillToolBar(QToolBar& bar, const std::vector<std::string>& ke
 
 const CommandTable::Entry& CommandTable::entry(std::string_view key) const {
   for (const Entry& candidate : entries_)
-    if (candidate.command.key == key)
-      return candidate;
+    if (candidate.command.key == key) return candidate;
   throw std::out_of_range("no command " + std::string(key));
 }
 
-QAction& CommandTable::action(std::string_view key) const { return *entry(key).action; }
+QAction& CommandTable::action(std::string_view key) const {
+  return *entry(key).action;
+}
 
 QMenu& CommandTable::dropDown(std::string_view key) const {
   const Entry& found = entry(key);
-  if (!found.menu)
-    throw std::out_of_range("no drop-down at the command " + std::string(key));
+  if (!found.menu) throw std::out_of_range("no drop-down at the command " + std::string(key));
   return *found.menu;
 }
 

@@ -21,14 +21,15 @@ namespace kelmar {
 
 /// A command of a page.
 struct Command {
-  std::string key;     ///< unique in the table; object name of its action
-  std::string toolTip; ///< English; tool bars are translated by the keys of their buttons
-  std::string icon;    ///< key of icons.h
-  std::function<void()> run;
+  std::string key = {};     ///< unique in the table; object name of its action
+  std::string toolTip = {}; ///< English; tool bars are translated by the keys of their buttons
+  std::string icon = {};    ///< key of icons.h
+  std::function<void()> run = {};     ///< required
   std::function<bool()> enabled = {}; ///< none: always
   QList<QKeySequence> shortcuts = {}; ///< valid while the focus is in the owner
   std::string caption = {};           ///< text beside the icon; empty: the icon alone
-  /// Not empty: the button has a drop-down part. Keys of entries are translated like buttons.
+  /// Not empty: the button has a drop-down part, a menu named by the key and "Menu". Keys of
+  /// entries are translated like buttons.
   std::vector<MenuEntry> dropDown = {};
   MenuChoice chosen = {}; ///< for the entries of the drop-down
 };

@@ -22,11 +22,19 @@ struct Canvas {
   QColor ink;   // outlines
   QColor paper; // inside of things
   bool dark;
+  bool faint; // disabled
 
-  /// An accent of the hue that has the same weight on light and on dark.
-  QColor accent(int hue) const {
-    return ink.alpha() < 255 ? paper : QColor::fromHsl(hue, dark ? 150 : 170, dark ? 125 : 115);
+  /// Colour of lines in the hue, of the same weight on light and on dark.
+  QColor line(int hue) const {
+    if (faint) return ink;
+    const bool bright = hue > 40 && hue < 200; // yellow to cyan look lighter than they are
+    return QColor::fromHsl(hue, dark ? 140 : 175, dark ? 165 : bright ? 90 : 115);
   }
+  /// Colour of areas in the hue; the letters on them are in onAccent.
+  QColor accent(int hue) const { return faint ? paper : line(hue); }
+  QColor onAccent() const { return faint ? ink : dark ? QColor(20, 20, 22) : QColor(Qt::white); }
+  /// For what is yellow in this world.
+  QColor gold() const { return faint ? paper : QColor(236, 184, 62); }
   void outline(double width = 1.7) const {
     painter.setPen(QPen(ink, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   }
@@ -40,15 +48,15 @@ struct Canvas {
   }
 };
 
-constexpr int yellow = 42, blue = 212, green = 135, red = 2, orange = 26, violet = 275, teal = 180;
+constexpr int blue = 212, green = 135, red = 2, orange = 26, violet = 275, teal = 180;
 
-void drawFolder(const Canvas& c, int hue) {
-  c.fill(c.accent(hue));
+void drawFolder(const Canvas& c, const QColor& colour) {
+  c.fill(colour);
   c.shape({{3, 19}, {3, 5.5}, {9, 5.5}, {11, 8}, {21, 8}, {21, 19}});
 }
 
 void drawOpen(const Canvas& c) {
-  drawFolder(c, yellow);
+  drawFolder(c, c.gold());
   c.fill(c.paper);
   c.shape({{3, 19}, {6.5, 11.5}, {23, 11.5}, {19.5, 19}});
 }
@@ -74,14 +82,14 @@ void drawCancel(const Canvas& c) {
   arrow.cubicTo(21.5, 9, 21.5, 19, 14, 19);
   arrow.lineTo(8, 19);
   c.hollow();
-  c.painter.setPen(QPen(c.accent(red), 2.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  c.painter.setPen(QPen(c.line(red), 2.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   c.painter.drawPath(arrow);
   c.lines({{9.5, 4.5}, {5, 9}, {9.5, 13.5}});
 }
 
 void drawValid(const Canvas& c) {
   c.hollow();
-  c.painter.setPen(QPen(c.accent(green), 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  c.painter.setPen(QPen(c.line(green), 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   c.lines({{4.5, 13}, {10, 18.5}, {20, 6}});
 }
 
@@ -89,7 +97,7 @@ void drawNew(const Canvas& c) {
   c.fill(c.paper);
   c.shape({{5, 3}, {14, 3}, {19, 8}, {19, 21}, {5, 21}});
   c.lines({{14, 3}, {14, 8}, {19, 8}});
-  c.painter.setPen(QPen(c.accent(green), 2.4, Qt::SolidLine, Qt::RoundCap));
+  c.painter.setPen(QPen(c.line(green), 2.4, Qt::SolidLine, Qt::RoundCap));
   c.lines({{12, 10.5}, {12, 17.5}});
   c.lines({{8.5, 14}, {15.5, 14}});
 }
@@ -116,21 +124,21 @@ void drawVehicle(const Canvas& c) {
 void drawSearch(const Canvas& c) {
   c.fill(c.paper);
   c.painter.drawEllipse(QPointF(10, 10), 6.3, 6.3);
-  c.painter.setPen(QPen(c.accent(blue), 3, Qt::SolidLine, Qt::RoundCap));
+  c.painter.setPen(QPen(c.line(blue), 3, Qt::SolidLine, Qt::RoundCap));
   c.lines({{15.3, 15.3}, {20.5, 20.5}});
 }
 
 void drawReload(const Canvas& c) {
   c.hollow();
-  c.painter.setPen(QPen(c.accent(green), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  c.painter.setPen(QPen(c.line(green), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   c.painter.drawArc(QRectF(4.5, 4.5, 15, 15), 30 * 16, 290 * 16);
   c.lines({{19.8, 3.8}, {18.6, 8.6}, {13.8, 7.4}});
 }
 
 void drawWarning(const Canvas& c) {
-  c.fill(c.accent(yellow));
+  c.fill(c.gold());
   c.shape({{12, 3.5}, {22, 20.5}, {2, 20.5}});
-  c.outline(2.2);
+  c.painter.setPen(QPen(c.faint ? c.ink : QColor(30, 24, 0), 2.2, Qt::SolidLine, Qt::RoundCap));
   c.lines({{12, 9.5}, {12, 14.5}});
   c.lines({{12, 17.6}, {12, 17.7}});
 }
@@ -143,7 +151,7 @@ void drawHelp(const Canvas& c) {
   mark.moveTo(9, 9.5);
   mark.cubicTo(9, 5.5, 15, 5.5, 15, 9.5);
   mark.cubicTo(15, 12, 12, 11.8, 12, 14.2);
-  c.painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  c.painter.setPen(QPen(c.onAccent(), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   c.painter.drawPath(mark);
   c.lines({{12, 17.3}, {12, 17.4}});
 }
@@ -162,15 +170,15 @@ void drawEcu(const Canvas& c, int hue, const QString& letters) {
   font.setPixelSize(letters.size() > 1 ? 11 : 14);
   font.setBold(true);
   c.painter.setFont(font);
-  c.painter.setPen(hue < 0 ? c.ink : QColor(Qt::white));
+  c.painter.setPen(hue < 0 ? c.ink : c.onAccent());
   c.painter.drawText(QRectF(1, 4.8, 22, 14.4), Qt::AlignCenter, letters);
 }
 
 using Drawing = std::function<void(const Canvas&)>;
 
 const std::map<std::string, Drawing, std::less<>>& drawings() {
-  static const auto folder = [](const Canvas& c) { drawFolder(c, yellow); };
-  static const auto project = [](const Canvas& c) { drawFolder(c, violet); };
+  static const auto folder = [](const Canvas& c) { drawFolder(c, c.gold()); };
+  static const auto project = [](const Canvas& c) { drawFolder(c, c.accent(violet)); };
   static const auto ecu = [](int hue, const char* letters) {
     return [hue, text = QString::fromLatin1(letters)](const Canvas& c) { drawEcu(c, hue, text); };
   };
@@ -207,16 +215,18 @@ class DrawnIcon : public QIconEngine {
     QColor ink = palette.color(QPalette::ButtonText);
     QColor paper = palette.color(QPalette::Base);
     if (mode == QIcon::Disabled) {
-      ink.setAlphaF(0.35F);
+      // Mixed and not transparent: lines that cross would show.
       paper = palette.color(QPalette::Button);
+      ink = QColor((ink.red() + 2 * paper.red()) / 3, (ink.green() + 2 * paper.green()) / 3,
+                   (ink.blue() + 2 * paper.blue()) / 3);
     }
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const double side = std::min(rect.width(), rect.height());
     painter->translate(rect.center() + QPointF(0.5, 0.5) - QPointF(side, side) / 2);
     painter->scale(side / 24, side / 24);
-    const Canvas canvas{*painter, ink, paper,
-                        palette.color(QPalette::Base).lightness() < 128};
+    const Canvas canvas{*painter, ink, paper, palette.color(QPalette::Base).lightness() < 128,
+                        mode == QIcon::Disabled};
     canvas.outline();
     drawing_(canvas);
     painter->restore();
@@ -242,11 +252,9 @@ class DrawnIcon : public QIconEngine {
 
 QIcon icon(std::string_view key) {
   static std::map<std::string, QIcon, std::less<>> made;
-  if (const auto known = made.find(key); known != made.end())
-    return known->second;
+  if (const auto known = made.find(key); known != made.end()) return known->second;
   const auto found = drawings().find(key);
-  if (found == drawings().end())
-    return {};
+  if (found == drawings().end()) return {};
   return made.emplace(key, QIcon(new DrawnIcon(found->second))).first->second;
 }
 

@@ -64,13 +64,11 @@ RowTag ListView::currentTag() const {
 }
 
 void ListView::selectOnly(RowTag tag) {
-  if (const int row = rows_->rowOf(tag); row >= 0)
-    selectRow(row);
+  if (const int row = rows_->rowOf(tag); row >= 0) selectRow(row);
 }
 
 void ListView::selectRow(int row) {
-  if (rows_->rowCount() == 0)
-    return;
+  if (rows_->rowCount() == 0) return;
   const QModelIndex index = rows_->index(std::clamp(row, 0, rows_->rowCount() - 1), 0);
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
                                                QItemSelectionModel::Rows);
@@ -79,8 +77,7 @@ void ListView::selectRow(int row) {
 
 void ListView::editName(RowTag tag) {
   const int row = rows_->rowOf(tag);
-  if (row < 0)
-    return;
+  if (row < 0) return;
   selectRow(row);
   setFocus(Qt::OtherFocusReason);
   edit(rows_->index(row, 0));
@@ -105,14 +102,12 @@ void ListView::selectionChanged(const QItemSelection& selected, const QItemSelec
 
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTreeView::currentChanged(current, previous);
-  if (current.row() != previous.row())
-    emit currentMoved();
+  if (current.row() != previous.row()) emit currentMoved();
 }
 
 void SortListViewColumn(ListView& list, int column, int type, int order) {
   RowsModel& rows = list.rows();
-  if (column < 1 || column > rows.columnCount() || type < 0 || type > 2)
-    return;
+  if (column < 1 || column > rows.columnCount() || type < 0 || type > 2) return;
   const Still still(list);
   const Qt::SortOrder direction = order == 0 ? Qt::AscendingOrder : Qt::DescendingOrder;
   if (list.isSortingEnabled()) {
@@ -126,8 +121,7 @@ void SortListViewColumn(ListView& list, int column, int type, int order) {
 void ListViewSelectAll(ListView& list) {
   const Still still(list);
   const RowsModel& rows = list.rows();
-  if (rows.rowCount() == 0)
-    return;
+  if (rows.rowCount() == 0) return;
   list.selectionModel()->select(
       QItemSelection(rows.index(0, 0), rows.index(rows.rowCount() - 1, rows.columnCount() - 1)),
       QItemSelectionModel::ClearAndSelect);

@@ -52,8 +52,8 @@ class ListView : public QTreeView {
   RowsModel* rows_;
 };
 
-/// Sorts by a column, 1 being the first. `type` 0 is text, 1 number, 2 date; `order` 0 is ascending,
-/// 1 descending. Without effect for a column or type that is none.
+/// Sorts by a column, 1 being the first. `type` 0 is text, 1 number, 2 date; `order` 0 is
+/// ascending, 1 descending. Without effect for a column or type that is none.
 void SortListViewColumn(ListView& list, int column, int type, int order);
 
 void ListViewSelectAll(ListView& list);

@@ -11,8 +11,7 @@ using desktop::qs;
 void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuChoice& chosen) {
   for (const MenuEntry& entry : entries) {
     QString text = qs(entry.text);
-    if (entry.literal)
-      text.replace(QLatin1Char('&'), QLatin1String("&&"));
+    if (entry.literal) text.replace(QLatin1Char('&'), QLatin1String("&&"));
     if (entry.kind == MenuEntry::Kind::Separator) {
       menu.addSeparator()->setObjectName(qs(entry.key));
       continue;
@@ -36,8 +35,7 @@ void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuChoi
 
 QMenu* popUpMenu(QWidget& owner, const QString& name, const QPoint& where,
                  const std::vector<MenuEntry>& entries, const MenuChoice& chosen) {
-  if (entries.empty())
-    return nullptr;
+  if (entries.empty()) return nullptr;
   auto* menu = new QMenu(&owner);
   menu->setObjectName(name);
   menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -29,8 +29,7 @@ void RowsModel::setRows(std::vector<RowTag> tags) {
 
 void RowsModel::insertTag(RowTag tag, std::optional<int> before) {
   const int row = before.value_or(rowCount());
-  if (row < 0 || row > rowCount())
-    throw std::out_of_range("no row to insert before");
+  if (row < 0 || row > rowCount()) throw std::out_of_range("no row to insert before");
   beginInsertRows({}, row, row);
   tags_.insert(tags_.begin() + row, tag);
   endInsertRows();
@@ -38,8 +37,7 @@ void RowsModel::insertTag(RowTag tag, std::optional<int> before) {
 
 void RowsModel::removeTag(RowTag tag) {
   const int row = rowOf(tag);
-  if (row < 0)
-    return;
+  if (row < 0) return;
   beginRemoveRows({}, row, row);
   tags_.erase(tags_.begin() + row);
   endRemoveRows();
@@ -56,13 +54,11 @@ void RowsModel::refresh(RowTag tag) {
 }
 
 void RowsModel::refreshAll() {
-  if (!tags_.empty())
-    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+  if (!tags_.empty()) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
 void RowsModel::sortRows(int column, SortType type, Qt::SortOrder order) {
-  if (column < 0 || column >= columnCount())
-    return;
+  if (column < 0 || column >= columnCount()) return;
   std::vector<std::string> keys;
   keys.reserve(tags_.size());
   for (const RowTag tag : tags_)
@@ -100,15 +96,13 @@ int RowsModel::columnCount(const QModelIndex& parent) const {
 
 QVariant RowsModel::colourOf(const RowLook& look, const CellLook& cell) const {
   const std::optional<std::uint32_t> colour = cell.colour ? cell.colour : look.colour;
-  if (!colour)
-    return {};
+  if (!colour) return {};
   const QPalette palette = QGuiApplication::palette();
   return readableOn(palette, shownColour(*colour, palette));
 }
 
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid))
-    return {};
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const RowTag tag = tagAt(index.row());
   const auto look = [&] { return lookOf(tag); };
   const auto cell = [&] { return cellLookOf(tag, index.column()); };
@@ -118,8 +112,7 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
     return qs(textOf(tag, index.column()));
   case Qt::DecorationRole:
     if (index.column() == 0 && functions_.look)
-      if (const RowLook found = look(); !found.icon.empty())
-        return icon(found.icon);
+      if (const RowLook found = look(); !found.icon.empty()) return icon(found.icon);
     return {};
   case Qt::FontRole:
     if (functions_.look || functions_.cellLook) {
@@ -135,8 +128,7 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
     return functions_.look || functions_.cellLook ? colourOf(look(), cell()) : QVariant();
   case Qt::ToolTipRole: {
     std::string tip = cell().toolTip;
-    if (tip.empty())
-      tip = look().toolTip;
+    if (tip.empty()) tip = look().toolTip;
     return tip.empty() ? QVariant() : qs(tip);
   }
   default:
@@ -149,15 +141,13 @@ bool RowsModel::setData(const QModelIndex& index, const QVariant& value, int rol
       !checkIndex(index, CheckIndexOption::IndexIsValid))
     return false;
   const RowTag tag = tagAt(index.row());
-  if (!functions_.rename(tag, u8(value.toString())))
-    return false;
+  if (!functions_.rename(tag, u8(value.toString()))) return false;
   refresh(tag); // the rows may have been built anew meanwhile
   return true;
 }
 
 QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
-    return {};
+  if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   const RowColumn& column = columns_[static_cast<std::size_t>(section)];
   switch (role) {
   case Qt::DisplayRole:
@@ -183,11 +173,9 @@ bool RowsModel::setHeaderData(int section, Qt::Orientation orientation, const QV
 }
 
 Qt::ItemFlags RowsModel::flags(const QModelIndex& index) const {
-  if (!index.isValid())
-    return Qt::NoItemFlags;
+  if (!index.isValid()) return Qt::NoItemFlags;
   Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
-  if (index.column() == 0 && functions_.rename)
-    flags |= Qt::ItemIsEditable;
+  if (index.column() == 0 && functions_.rename) flags |= Qt::ItemIsEditable;
   return flags;
 }
 
@@ -204,24 +192,17 @@ std::string rowsAsText(const RowsModel& model) {
   std::string result;
   for (const RowTag tag : model.tags()) {
     const RowLook look = model.lookOf(tag);
-    if (!look.icon.empty())
-      result += "[" + look.icon + "] ";
+    if (!look.icon.empty()) result += "[" + look.icon + "] ";
     for (int column = 0; column < model.columnCount(); ++column) {
       result += (column ? " | " : "") + model.textOf(tag, column);
       const CellLook cell = model.cellLookOf(tag, column);
-      if (cell.bold)
-        result += *cell.bold ? " !" : " -!";
-      if (cell.colour)
-        result += " #" + hex(*cell.colour);
-      if (!cell.toolTip.empty())
-        result += " (" + cell.toolTip + ")";
+      if (cell.bold) result += *cell.bold ? " !" : " -!";
+      if (cell.colour) result += " #" + hex(*cell.colour);
+      if (!cell.toolTip.empty()) result += " (" + cell.toolTip + ")";
     }
-    if (look.bold)
-      result += " !";
-    if (look.colour)
-      result += " #" + hex(*look.colour);
-    if (!look.toolTip.empty())
-      result += " (" + look.toolTip + ")";
+    if (look.bold) result += " !";
+    if (look.colour) result += " #" + hex(*look.colour);
+    if (!look.toolTip.empty()) result += " (" + look.toolTip + ")";
     result += "\n";
   }
   return result;

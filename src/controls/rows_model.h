@@ -21,35 +21,36 @@ using RowTag = void*;
 
 /// A column. `key` is the one by which it is translated; empty for a column that is not.
 struct RowColumn {
-  std::string key;
-  std::string caption;
+  std::string key = {};
+  std::string caption = {};
   SortType sort = SortType::Text;
   int width = 0; ///< device-independent pixels; 0 leaves it to the view
 };
 
 /// How a row shows beside its texts.
 struct RowLook {
-  std::string icon; ///< key of icons.h; empty for none
+  std::string icon = {}; ///< key of icons.h; empty for none
   bool bold = false;
-  std::optional<std::uint32_t> colour; ///< text, 0xBBGGRR or a system colour; none is the palette's
-  std::string toolTip;
+  /// Of the text, 0xBBGGRR or a system colour; none is the palette's.
+  std::optional<std::uint32_t> colour = {};
+  std::string toolTip = {};
 };
 
 /// Where a cell differs from its row.
 struct CellLook {
-  std::optional<bool> bold;
-  std::optional<std::uint32_t> colour;
-  std::string toolTip;
+  std::optional<bool> bold = {};
+  std::optional<std::uint32_t> colour = {};
+  std::string toolTip = {};
 };
 
 /// Where a list gets what it shows. Called at each painting and each comparison, so nothing of an
 /// item is copied into the list; they must not raise.
 struct RowFunctions {
-  std::function<std::string(RowTag tag, int column)> text;      ///< required
-  std::function<RowLook(RowTag tag)> look;                      ///< none: plain
-  std::function<CellLook(RowTag tag, int column)> cellLook;     ///< none: as the row
+  std::function<std::string(RowTag tag, int column)> text = {};  ///< required
+  std::function<RowLook(RowTag tag)> look = {};                  ///< none: plain
+  std::function<CellLook(RowTag tag, int column)> cellLook = {}; ///< none: as the row
   /// A name was typed over the first cell. False leaves the old one. None: not editable.
-  std::function<bool(RowTag tag, const std::string& text)> rename;
+  std::function<bool(RowTag tag, const std::string& text)> rename = {};
 };
 
 /// The one list model: rows in an order, each with a tag. It holds the tags and no texts.

@@ -15,6 +15,8 @@ std::string clipboardText() {
   return u8(QGuiApplication::clipboard()->text(subtype));
 }
 
-void setClipboardText(const std::string& text) { QGuiApplication::clipboard()->setText(qs(text)); }
+void setClipboardText(const std::string& text) {
+  QGuiApplication::clipboard()->setText(qs(text));
+}
 
 } // namespace kelmar::desktop

@@ -61,8 +61,7 @@ std::vector<std::string> commandWords(std::string_view command) {
       quote = c;
       inWord = true;
     } else if (c == ' ' || c == '\t' || c == '\n' || c == '\r') {
-      if (inWord)
-        words.push_back(std::move(word));
+      if (inWord) words.push_back(std::move(word));
       word.clear();
       inWord = false;
     } else {
@@ -70,8 +69,7 @@ std::vector<std::string> commandWords(std::string_view command) {
       inWord = true;
     }
   }
-  if (inWord)
-    words.push_back(std::move(word));
+  if (inWord) words.push_back(std::move(word));
   return words;
 }
 
@@ -83,8 +81,7 @@ std::string execLineOf(std::string_view desktopEntry) {
       inGroup = line == "[Desktop Entry]";
     else if (inGroup && line.starts_with("Exec")) {
       const std::string_view rest = trimBlanks(line.substr(4));
-      if (rest.starts_with('='))
-        return unescaped(trimBlanks(rest.substr(1)));
+      if (rest.starts_with('=')) return unescaped(trimBlanks(rest.substr(1)));
     }
   }
   return {};
@@ -116,11 +113,9 @@ std::vector<std::string> execWords(std::string_view execLine, const std::string&
         vanishes = true;
       }
     }
-    if (!(vanishes && made.empty()))
-      result.push_back(std::move(made));
+    if (!(vanishes && made.empty())) result.push_back(std::move(made));
   }
-  if (!given && !result.empty())
-    result.push_back(address);
+  if (!given && !result.empty()) result.push_back(address);
   return result;
 }
 

@@ -66,8 +66,7 @@ void nameButtons(QMessageBox& box) {
       {QMessageBox::Yes, "buttonYes"},
       {QMessageBox::No, "buttonNo"}};
   for (const auto& [which, name] : names)
-    if (QAbstractButton* button = box.button(which))
-      button->setObjectName(QLatin1String(name));
+    if (QAbstractButton* button = box.button(which)) button->setObjectName(QLatin1String(name));
 }
 
 QString withPlainLineEnds(QString text) {
@@ -151,8 +150,7 @@ std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
     if (const QStringList filters = nameFilters(question.filter); !filters.isEmpty())
       dialog.setNameFilters(filters);
     QString extension = qs(question.defaultExtension);
-    if (extension.startsWith(QLatin1Char('.')))
-      extension.remove(0, 1);
+    if (extension.startsWith(QLatin1Char('.'))) extension.remove(0, 1);
     dialog.setDefaultSuffix(extension);
   }
   // A desktop's own dialog would ask before the extension was added, for the wrong file.
@@ -168,8 +166,7 @@ std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
 
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     const QString chosen = QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath();
-    if (saves && !mayBeWritten(QApplication::activeWindow(), chosen))
-      continue;
+    if (saves && !mayBeWritten(QApplication::activeWindow(), chosen)) continue;
     lastFolder_ = folder ? chosen : QFileInfo(chosen).path();
     return u8(chosen);
   }
@@ -179,8 +176,7 @@ std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
 bool DesktopPerson::mayBeWritten(QWidget* parent, const QString& file) const {
   const QFileInfo info(file);
   const bool folderMissing = !QFileInfo(info.path()).isDir();
-  if (!folderMissing && !info.exists())
-    return true;
+  if (!folderMissing && !info.exists()) return true;
   // The texts are those of the dialog, so that they come in the language of its buttons.
   QMessageBox box(parent);
   box.setObjectName(QStringLiteral("overwriteBox"));

@@ -45,8 +45,7 @@ std::string chosenBrowserEntry() {
         else if (const auto equals = line.find('=');
                  inGroup && equals != line.npos && trimBlanks(line.substr(0, equals)) == webPage)
           for (const std::string& entry : split(line.substr(equals + 1), ";"))
-            if (!trimBlanks(entry).empty())
-              return std::string(trimBlanks(entry));
+            if (!trimBlanks(entry).empty()) return std::string(trimBlanks(entry));
       }
     }
   return {};
@@ -58,13 +57,10 @@ std::string DesktopPrograms::browserCommand() const {
   // Several commands may stand in the variable, parted by colons; the first is the favourite.
   const std::string wanted = u8(qEnvironmentVariable("BROWSER"));
   const std::string first = split(wanted, ":").front();
-  if (!trimBlanks(first).empty())
-    return std::string(trimBlanks(replaceAll(first, "%s", "%u")));
+  if (!trimBlanks(first).empty()) return std::string(trimBlanks(replaceAll(first, "%s", "%u")));
   const std::string entry = chosenBrowserEntry();
-  if (entry.empty())
-    return {};
-  const QString file =
-      QStandardPaths::locate(QStandardPaths::ApplicationsLocation, qs(entry));
+  if (entry.empty()) return {};
+  const QString file = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, qs(entry));
   return file.isEmpty() ? std::string() : execLineOf(textOf(file));
 }
 
@@ -78,8 +74,7 @@ bool DesktopPrograms::openPage(const std::string& address,
 
 bool DesktopPrograms::startCalculator() const {
   for (const char* program : calculators)
-    if (processes_.start(program, {}))
-      return true;
+    if (processes_.start(program, {})) return true;
   return false;
 }
 

@@ -10,11 +10,9 @@
 namespace kelmar::desktop {
 
 std::optional<std::string> firstDroppedFile(const QMimeData* drop) {
-  if (!drop)
-    return std::nullopt;
+  if (!drop) return std::nullopt;
   for (const QUrl& url : drop->urls())
-    if (url.isLocalFile() && !url.toLocalFile().isEmpty())
-      return u8(url.toLocalFile());
+    if (url.isLocalFile() && !url.toLocalFile().isEmpty()) return u8(url.toLocalFile());
   return std::nullopt;
 }
 

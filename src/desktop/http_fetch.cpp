@@ -59,8 +59,7 @@ class Transfer {
   QString run() {
     connect_.start(limits_.connectMs);
     total_.start(limits_.totalMs);
-    if (!reply_.isFinished())
-      loop_.exec(QEventLoop::ExcludeUserInputEvents);
+    if (!reply_.isFinished()) loop_.exec(QEventLoop::ExcludeUserInputEvents);
     take();
     return failure();
   }
@@ -74,8 +73,7 @@ class Transfer {
   }
 
   void stop(const QString& why) {
-    if (!stopped_.isEmpty())
-      return;
+    if (!stopped_.isEmpty()) return;
     stopped_ = why;
     reply_.abort();
   }
@@ -85,13 +83,11 @@ class Transfer {
   }
 
   void judgeHead() {
-    if (announced() > limits_.bytes)
-      stopForSize();
+    if (announced() > limits_.bytes) stopForSize();
   }
 
   void take() {
-    if (!stopped_.isEmpty())
-      return;
+    if (!stopped_.isEmpty()) return;
     const QByteArray part = reply_.readAll();
     if (static_cast<qint64>(body_.size()) + part.size() > limits_.bytes)
       stopForSize();
@@ -100,8 +96,7 @@ class Transfer {
   }
 
   QString failure() const {
-    if (!stopped_.isEmpty())
-      return stopped_;
+    if (!stopped_.isEmpty()) return stopped_;
     const int status = reply_.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (status != 0 && (status < 300 || status >= 400) && status != 200)
       return QStringLiteral("the server answered %1 %2")
@@ -145,12 +140,10 @@ std::string HttpFetch::get(const std::string& url) {
   const QUrl address(qs(url), QUrl::TolerantMode);
   if (!address.isValid() || !isWeb(address) || address.host().isEmpty())
     fail(QStringLiteral("not an address of a web server"));
-  if (!manager_)
-    manager_ = std::make_unique<QNetworkAccessManager>();
+  if (!manager_) manager_ = std::make_unique<QNetworkAccessManager>();
   const std::unique_ptr<QNetworkReply> reply(manager_->get(requestFor(address)));
   Transfer transfer(*reply, limits_);
-  if (const QString why = transfer.run(); !why.isEmpty())
-    fail(why);
+  if (const QString why = transfer.run(); !why.isEmpty()) fail(why);
   return transfer.body();
 }
 

@@ -16,9 +16,9 @@ namespace kelmar::desktop {
 class HttpFetch : public platform::Fetch {
  public:
   struct Limits {
-    int connectMs = 10'000;              ///< until the connection stands
-    int totalMs = 30'000;                ///< until the last byte is here
-    std::int64_t bytes = 512ll << 20;    ///< size of a document
+    int connectMs = 10'000;           ///< until the connection stands
+    int totalMs = 30'000;             ///< until the last byte is here
+    std::int64_t bytes = 512ll << 20; ///< size of a document
   };
   HttpFetch();
   explicit HttpFetch(Limits limits);
@@ -26,7 +26,8 @@ class HttpFetch : public platform::Fetch {
 
   /// The body of the answer. Raises Failure FileAccessFailed that names the address and what went
   /// wrong: another kind of address, no server, a time limit, a status that is not 200, a body
-  /// that ends early or exceeds the limit.
+  /// that ends before its announced length or exceeds the limit. A body of unannounced length that
+  /// ends early may pass; who reads the document must judge whether it is whole.
   std::string get(const std::string& url) override;
 
  private:

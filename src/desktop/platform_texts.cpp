@@ -13,8 +13,7 @@ namespace kelmar::desktop {
 void translatePlatformTexts(const std::string& language) {
   static const QString name = QStringLiteral("platformTexts");
   QCoreApplication* application = QCoreApplication::instance();
-  if (!application)
-    return;
+  if (!application) return;
   delete application->findChild<QTranslator*>(name, Qt::FindDirectChildrenOnly);
   auto* translator = new QTranslator(application);
   translator->setObjectName(name);

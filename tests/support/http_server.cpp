@@ -23,15 +23,15 @@ std::string loopback(int port, const std::string& path) {
 }
 
 QByteArray head(const char* status, qint64 length, const QByteArray& more = {}) {
-  return QByteArray("HTTP/1.1 ") + status + "\r\nContent-Type: text/xml\r\nContent-Length: " +
-         QByteArray::number(length) + "\r\nConnection: close\r\n" + more + "\r\n";
+  return QByteArray("HTTP/1.1 ") + status +
+         "\r\nContent-Type: text/xml\r\nContent-Length: " + QByteArray::number(length) +
+         "\r\nConnection: close\r\n" + more + "\r\n";
 }
 
 } // namespace
 
 HttpServer::HttpServer() {
-  if (!listen(QHostAddress::LocalHost))
-    throw std::runtime_error("no port for the test server");
+  if (!listen(QHostAddress::LocalHost)) throw std::runtime_error("no port for the test server");
   connect(this, &QTcpServer::newConnection, this, [this] { greet(); });
 }
 
@@ -57,11 +57,9 @@ void HttpServer::greet() {
     socket->setParent(this);
     connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
     connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
-      if (!socket->peek(1 << 16).contains("\r\n\r\n"))
-        return;
+      if (!socket->peek(1 << 16).contains("\r\n\r\n")) return;
       const QList<QByteArray> words = socket->readAll().split('\r').front().split(' ');
-      if (words.size() < 2)
-        return socket->abort();
+      if (words.size() < 2) return socket->abort();
       requests_.push_back((words[0] + ' ' + words[1]).toStdString());
       answer(*socket, words[1]);
     });
@@ -80,9 +78,9 @@ void HttpServer::answer(QTcpSocket& socket, const QByteArray& path) {
   case Manner::Half:
     socket.write(head("200 OK", page.body.size()) + page.body.left(page.body.size() / 2));
     break;
-  case Manner::HalfChunked:
+  case Manner::Chunked:
     socket.write("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n" +
-                 QByteArray::number(page.body.size(), 16) + "\r\n" + page.body + "\r\n");
+                 QByteArray::number(page.body.size(), 16) + "\r\n" + page.body + "\r\n0\r\n\r\n");
     break;
   case Manner::Silent:
     return;
@@ -131,6 +129,8 @@ FullServer::~FullServer() {
   ::close(listener_);
 }
 
-std::string FullServer::address() const { return loopback(port_, "/waiting.xml"); }
+std::string FullServer::address() const {
+  return loopback(port_, "/waiting.xml");
+}
 
 } // namespace kelmar::support

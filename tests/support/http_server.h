@@ -17,14 +17,14 @@ class HttpServer : public QTcpServer {
  public:
   enum class Manner {
     Whole,
-    NotFound,     ///< 404, the body below it
-    Half,         ///< the length of the whole, then half of it and the end of the connection
-    HalfChunked,  ///< one chunk, then the end of the connection without the last one
-    Silent,       ///< takes the question and never answers
-    Trickle,      ///< head at once, then a byte now and then, for ever
-    Elsewhere,    ///< 302 to the body, taken as an address
-    Huge,         ///< claims to hold a thousand gigabytes
-    Garbage,      ///< no HTTP at all
+    NotFound,  ///< 404, the body below it
+    Half,      ///< the length of the whole, then half of it and the end of the connection
+    Chunked,   ///< whole, but its length is not announced
+    Silent,    ///< takes the question and never answers
+    Trickle,   ///< head at once, then a byte now and then, for ever
+    Elsewhere, ///< 302 to the body, taken as an address
+    Huge,      ///< claims to hold a thousand gigabytes
+    Garbage,   ///< no HTTP at all
   };
 
   /// Raises std::runtime_error when there is no free port.

@@ -35,6 +35,10 @@ void furnish(const kelmar::support::TempFolder& home) {
     std::filesystem::create_directories(folder);
     ::setenv((std::string("XDG_") + name + "_HOME").c_str(), folder.c_str(), 1);
   }
+  const std::filesystem::path runtime = home.path() / "RUNTIME";
+  std::filesystem::create_directories(runtime);
+  std::filesystem::permissions(runtime, std::filesystem::perms::owner_all);
+  ::setenv("XDG_RUNTIME_DIR", runtime.c_str(), 1);
 }
 
 } // namespace

@@ -56,7 +56,9 @@ const char* nameOf(FileQuestion::Kind kind) {
   return "?";
 }
 
-std::string quoted(const std::string& text) { return testing::PrintToString(text); }
+std::string quoted(const std::string& text) {
+  return testing::PrintToString(text);
+}
 
 std::string describe(const Box& box) {
   return "box key " + quoted(box.key) + ", title " + quoted(box.title) + ", text " +
@@ -123,8 +125,7 @@ void ScriptedPerson::expectFile(FileQuestion question, std::optional<std::string
 }
 
 Answer ScriptedPerson::message(const Box& box) {
-  if (recorder_)
-    recorder_->note("box " + box.title + ": " + box.text);
+  if (recorder_) recorder_->note("box " + box.title + ": " + box.text);
   if (script_.empty() || !std::holds_alternative<ExpectedBox>(script_.front())) {
     ADD_FAILURE() << "not expected: " << describe(box);
     return safeAnswer(box.buttons);
@@ -132,14 +133,12 @@ Answer ScriptedPerson::message(const Box& box) {
   const ExpectedBox expected = std::get<ExpectedBox>(std::move(script_.front()));
   script_.pop_front();
   EXPECT_EQ(describe(box), describe(expected.box));
-  if (expected.meanwhile)
-    expected.meanwhile();
+  if (expected.meanwhile) expected.meanwhile();
   return expected.answer;
 }
 
 std::optional<std::string> ScriptedPerson::file(const FileQuestion& question) {
-  if (recorder_)
-    recorder_->note("file " + question.title);
+  if (recorder_) recorder_->note("file " + question.title);
   if (script_.empty() || !std::holds_alternative<ExpectedFile>(script_.front())) {
     ADD_FAILURE() << "not expected: " << describe(question);
     return std::nullopt;
@@ -147,8 +146,7 @@ std::optional<std::string> ScriptedPerson::file(const FileQuestion& question) {
   const ExpectedFile expected = std::get<ExpectedFile>(std::move(script_.front()));
   script_.pop_front();
   EXPECT_EQ(describe(question), describe(expected.question));
-  if (expected.meanwhile)
-    expected.meanwhile();
+  if (expected.meanwhile) expected.meanwhile();
   return expected.answer;
 }
 

@@ -31,8 +31,7 @@ SignalRecorder::SignalRecorder(QObject& sender, Recorder& recorder)
                                           : QObject::staticMetaObject.methodCount();
   for (int index = first; index < meta->methodCount(); ++index) {
     const QMetaMethod method = meta->method(index);
-    if (method.methodType() != QMetaMethod::Signal)
-      continue;
+    if (method.methodType() != QMetaMethod::Signal) continue;
     // The receiving method exists only as a number above those of QObject.
     const int slot = QObject::staticMetaObject.methodCount() + static_cast<int>(signals_.size());
     if (!QMetaObject::connect(&sender, index, this, slot, Qt::DirectConnection))
@@ -43,8 +42,7 @@ SignalRecorder::SignalRecorder(QObject& sender, Recorder& recorder)
 
 int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void** arguments) {
   id = QObject::qt_metacall(call, id, arguments);
-  if (id < 0 || call != QMetaObject::InvokeMetaMethod)
-    return id;
+  if (id < 0 || call != QMetaObject::InvokeMetaMethod) return id;
   const QMetaMethod& method = signals_.at(static_cast<std::size_t>(id));
   QStringList values;
   for (int i = 0; i < method.parameterCount(); ++i)

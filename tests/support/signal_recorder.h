@@ -4,6 +4,7 @@
 
 #include "support/recorder.h"
 
+#include <QMetaMethod>
 #include <QObject>
 
 #include <vector>

@@ -33,8 +33,7 @@ std::string TempFolder::write(std::string_view name, std::string_view bytes) con
   fs::create_directories(target.parent_path());
   std::ofstream stream(target, std::ios::binary | std::ios::trunc);
   stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (!stream.flush())
-    throw std::runtime_error("cannot write " + target.string());
+  if (!stream.flush()) throw std::runtime_error("cannot write " + target.string());
   return target.string();
 }
 
@@ -49,8 +48,7 @@ std::string TempFolder::copyOfSample(std::string_view sample, std::string_view a
 
 std::string bytesOf(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
-  if (!stream)
-    throw std::runtime_error("cannot read " + path);
+  if (!stream) throw std::runtime_error("cannot read " + path);
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 

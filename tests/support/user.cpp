@@ -13,13 +13,23 @@ namespace kelmar::support {
 
 namespace {
 
-constexpr int lookEvery = 20;        // ms
-constexpr int longestWait = 10'000;  // ms
+constexpr int lookEvery = 20;       // ms
+constexpr int longestWait = 10'000; // ms
 
 std::string nameOf(const QWidget& widget) {
   return (widget.objectName().isEmpty() ? QString::fromLatin1(widget.metaObject()->className())
                                         : widget.objectName())
       .toStdString();
+}
+
+/// The key functions of the test library know ASCII only.
+void typeCharacters(QWidget& field, const QString& text) {
+  for (const QChar character : text)
+    if (character.unicode() < 0x80)
+      QTest::keyClick(&field, character.toLatin1());
+    else
+      QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QString(character),
+                          Qt::NoModifier);
 }
 
 QRect cellOf(QAbstractItemView& list, int row, int column) {
@@ -34,21 +44,17 @@ QRect cellOf(QAbstractItemView& list, int row, int column) {
 } // namespace
 
 QWidget& controlNamed(QWidget& root, const QString& name) {
-  if (root.objectName() == name)
-    return root;
+  if (root.objectName() == name) return root;
   const QList<QWidget*> found = root.findChildren<QWidget*>(name);
-  if (found.isEmpty())
-    throw std::runtime_error("there is no control " + name.toStdString());
+  if (found.isEmpty()) throw std::runtime_error("there is no control " + name.toStdString());
   if (found.size() > 1)
     throw std::runtime_error("there are several controls " + name.toStdString());
   return *found.front();
 }
 
 void mustBeUsable(const QWidget& widget) {
-  if (!widget.isVisible())
-    throw std::runtime_error(nameOf(widget) + " is not visible");
-  if (!widget.isEnabled())
-    throw std::runtime_error(nameOf(widget) + " is not enabled");
+  if (!widget.isVisible()) throw std::runtime_error(nameOf(widget) + " is not visible");
+  if (!widget.isEnabled()) throw std::runtime_error(nameOf(widget) + " is not enabled");
 }
 
 void showToUser(QWidget& window) {
@@ -69,7 +75,7 @@ void click(QWidget& widget) {
 void type(QWidget& field, const QString& text) {
   mustBeUsable(field);
   field.setFocus(Qt::OtherFocusReason);
-  QTest::keyClicks(&field, text);
+  typeCharacters(field, text);
 }
 
 void retype(QWidget& field, const QString& text) {
@@ -79,7 +85,7 @@ void retype(QWidget& field, const QString& text) {
   if (text.isEmpty())
     QTest::keyClick(&field, Qt::Key_Delete);
   else
-    QTest::keyClicks(&field, text);
+    typeCharacters(field, text);
 }
 
 void press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
@@ -111,8 +117,7 @@ WhenDialogOpens::WhenDialogOpens(std::function<void(QDialog&)> answer)
 }
 
 WhenDialogOpens::~WhenDialogOpens() {
-  if (!answered_)
-    ADD_FAILURE() << "no dialog opened";
+  if (!answered_) ADD_FAILURE() << "no dialog opened";
 }
 
 void WhenDialogOpens::look() {
@@ -128,7 +133,10 @@ void WhenDialogOpens::look() {
     return;
   }
   dialog_ = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-  if (dialog_ && dialog_->isVisible()) {
+  // A user acts on what he sees; without a window manager a dialog may never become active.
+  const bool ready =
+      dialog_ && dialog_->isVisible() && (dialog_->isActiveWindow() || waited_ > longestWait / 5);
+  if (ready) {
     answered_ = true;
     waited_ = 0;
     try {
@@ -136,8 +144,7 @@ void WhenDialogOpens::look() {
     } catch (const std::exception& failure) {
       // No exception may pass through the event loop of the dialog.
       ADD_FAILURE() << failure.what();
-      if (dialog_)
-        dialog_->reject();
+      if (dialog_) dialog_->reject();
     }
   } else if (waited_ > longestWait) {
     timer_.stop();
@@ -146,8 +153,7 @@ void WhenDialogOpens::look() {
 
 void keepPicture(QWidget& widget, const QString& name) {
   const QString folder = qEnvironmentVariable("KELMAR_TEST_PICTURES");
-  if (folder.isEmpty())
-    return;
+  if (folder.isEmpty()) return;
   QDir().mkpath(folder);
   EXPECT_TRUE(widget.grab().save(folder + QLatin1Char('/') + name + QLatin1String(".png")));
 }

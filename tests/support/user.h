@@ -24,8 +24,7 @@ QWidget& controlNamed(QWidget& root, const QString& name);
 
 template <class T>
 T& control(QWidget& root, const QString& name) {
-  if (T* found = qobject_cast<T*>(&controlNamed(root, name)))
-    return *found;
+  if (T* found = qobject_cast<T*>(&controlNamed(root, name))) return *found;
   throw std::runtime_error(name.toStdString() + " is no " + T::staticMetaObject.className());
 }
 

@@ -28,23 +28,19 @@ pid_t startTied(std::vector<std::string> words, int keptOpen = -1) {
   arguments.push_back(nullptr);
   const pid_t parent = ::getpid();
   const pid_t child = ::fork();
-  if (child != 0)
-    return child;
+  if (child != 0) return child;
   ::prctl(PR_SET_PDEATHSIG, SIGTERM); // the server removes its lock file on this one
-  if (::getppid() != parent)
-    ::_exit(1);
+  if (::getppid() != parent) ::_exit(1);
   const int nowhere = ::open("/dev/null", O_RDWR);
   for (int standard = 0; standard < 3; ++standard)
     ::dup2(nowhere, standard);
-  if (keptOpen >= 0)
-    ::fcntl(keptOpen, F_SETFD, 0);
+  if (keptOpen >= 0) ::fcntl(keptOpen, F_SETFD, 0);
   ::execvp(arguments[0], arguments.data());
   ::_exit(127);
 }
 
 void end(pid_t& process) {
-  if (process <= 0)
-    return;
+  if (process <= 0) return;
   ::kill(process, SIGTERM);
   ::waitpid(process, nullptr, 0);
   process = 0;
@@ -69,13 +65,11 @@ std::string displayNumber(int readEnd) {
 } // namespace
 
 VirtualScreen::VirtualScreen(const std::string& folder) {
-  if (const char* display = std::getenv("DISPLAY"); display && *display)
-    return;
+  if (const char* display = std::getenv("DISPLAY"); display && *display) return;
   int ends[2];
-  if (::pipe2(ends, O_CLOEXEC) != 0)
-    throw std::runtime_error("no pipe to the virtual X server");
-  server_ = startTied({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
-                       "1366x768x24", "-nolisten", "tcp", "-noreset"},
+  if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe to the virtual X server");
+  server_ = startTied({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", "1366x768x24",
+                       "-nolisten", "tcp", "-noreset"},
                       ends[1]);
   ::close(ends[1]);
   try {
