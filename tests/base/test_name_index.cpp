@@ -48,7 +48,9 @@ TEST(NameIndex, RandomUseAgreesWithAMap) {
     const int* found = index.find(name);
     const auto wanted = expected.find(name);
     ASSERT_EQ(found != nullptr, wanted != expected.end()) << name;
-    if (found) EXPECT_EQ(*found, wanted->second) << name;
+    if (found) {
+      EXPECT_EQ(*found, wanted->second) << name;
+    }
   }
 }
 
