@@ -46,7 +46,7 @@ QMenu* menuNamed(QMenuBar& bar, const char* name, const char* caption) {
   return menu;
 }
 
-/// The value by name, or by position where the event has no such name; else empty.
+/// The value by name; empty without one.
 std::string valueOf(const KelmarForm::Parameters& parameters, std::string_view name) {
   for (const auto& [key, value] : parameters)
     if (key == name)
