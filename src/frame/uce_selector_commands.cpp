@@ -148,6 +148,7 @@ void UceSelector::Parts::applyState() {
   changeFunctionRow->setVisible(shown.changeFunctionShown);
   cmdChangeFunctionOK->setEnabled(shown.cmdChangeFunctionOK);
   UctlNewEcuAddr1->setVisible(shown.newEcuShown);
+  lowerRow->setVisible(shown.detectShown);
   FrDetect->setVisible(shown.detectShown);
   framProjects->setVisible(shown.detectShown);
   cmdLoadReport->setVisible(shown.reportShown);

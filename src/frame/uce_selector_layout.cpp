@@ -107,6 +107,7 @@ void UceSelector::Parts::makeControls() {
   framProjects->setTitle(QStringLiteral("Projects"));
   lstProjects = named<QListWidget>("lstProjects", framProjects);
   lstProjects->setAccessibleName(framProjects->title());
+  lstProjects->setSpacing(1);
 
   FrDetect = named<QGroupBox>("FrDetect", splitter);
   FrDetect->setTitle(QStringLiteral("Manual Detect of ECU in database"));
@@ -137,6 +138,7 @@ void UceSelector::Parts::makeControls() {
 
 void UceSelector::Parts::layOut() {
   auto* top = new QHBoxLayout;
+  TBtoolbar->layout()->setContentsMargins(0, 0, 0, 0);
   top->addWidget(TBtoolbar, 1);
   top->addWidget(tbUpdateCheckBase);
   top->addWidget(pbUpdateCheckBase);
@@ -211,18 +213,24 @@ void UceSelector::Parts::layOut() {
   auto* rightLayout = new QVBoxLayout(right);
   rightLayout->setContentsMargins(0, 0, 0, 0);
   rightLayout->addWidget(framSummary);
-  auto* lower = new QHBoxLayout;
+  lowerRow = new QWidget(right);
+  auto* lower = new QHBoxLayout(lowerRow);
+  lower->setContentsMargins(0, 0, 0, 0);
   lower->addWidget(framProjects, 2);
   lower->addWidget(FrDetect, 5);
-  rightLayout->addLayout(lower, 1);
+  rightLayout->addWidget(lowerRow, 1);
   rightLayout->addWidget(UctlNewEcuAddr1, 1);
   splitter->addWidget(left);
   splitter->addWidget(right);
   splitter->setStretchFactor(0, 2);
   splitter->setStretchFactor(1, 3);
   splitter->setChildrenCollapsible(false);
+  splitter->setHandleWidth(8);
+  splitter->setSizes({400, 600}); // shares of whatever width there is
 
   auto* layout = new QVBoxLayout(&page);
+  layout->setContentsMargins(9, 4, 9, 9);
+  layout->setSpacing(4);
   layout->addLayout(top);
   layout->addWidget(splitter, 1);
 
@@ -260,6 +268,8 @@ void UceSelector::Parts::translate() {
   commands->action("new").setText(text("New", "SELECTOR/MSG/TBtoolbar/new"));
   TxEcuDesc->setAccessibleName(
       text("Description of the selection", "SELECTOR/MSG/TxEcuDesc/name"));
+  TxEcuDesc->setPlaceholderText(text("Select an ECU in the tree to read about it here.",
+                                     "SELECTOR/MSG/TxEcuDesc/placeholder"));
   comboProto->setItemText(0, text("Unknown", "SELECTOR/MSG/comboProto/unknown"));
 
   desktop::TranslateControl(page, texts(), "SELECTOR/CONTROLS");

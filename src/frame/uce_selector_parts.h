@@ -73,6 +73,7 @@ struct UceSelector::Parts {
   ShortenedLabel* lbFileName = nullptr;
   QToolButton* cmdLinkNewPDM = nullptr;
   QToolButton* cmdLoadReport = nullptr;
+  QWidget* lowerRow = nullptr; ///< of the next two boxes
   QGroupBox* framProjects = nullptr;
   QListWidget* lstProjects = nullptr;
   QGroupBox* FrDetect = nullptr;

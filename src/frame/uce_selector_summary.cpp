@@ -61,7 +61,7 @@ void UceSelector::Parts::readProjects() {
 }
 
 void UceSelector::Parts::showProjects() {
-  projects.show(target() && state.ecuOpen ? target()->Projects : ProjectNames());
+  projects.show(target() ? target()->Projects : ProjectNames());
   fillProjectMarks();
 }
 

@@ -148,7 +148,7 @@ void UctlNewEcuAddr::layOut() {
   grid->addWidget(
       label("LabelLogicalAddress", QStringLiteral("Logical address"), txtLogicalAddress_), 1, 2);
   grid->addWidget(txtLogicalAddress_, 1, 3);
-  grid->addWidget(CbExtended_, 2, 1, 1, 3);
+  grid->addWidget(CbExtended_, 2, 1, 1, 3, Qt::AlignLeft);
   // The identifier that the tool sends stands between the two captions.
   grid->addWidget(label("Label2", QStringLiteral("Tool -> ECU id"), lbCanXid_), 3, 0);
   grid->addWidget(lbCanXid_, 3, 1);
@@ -163,6 +163,11 @@ void UctlNewEcuAddr::layOut() {
   buttons->addWidget(cbCancel_);
   grid->addLayout(buttons, 4, 0, 1, 4);
   grid->setRowMinimumHeight(4, 40);
+
+  QWidget* const order[] = {cbFct_,    txAddr_,   txtLogicalAddress_, CbExtended_,
+                            lbCanXid_, lbCanRid_, cbCreate_,          cbCancel_};
+  for (std::size_t i = 1; i < std::size(order); ++i)
+    setTabOrder(order[i - 1], order[i]);
 }
 
 } // namespace kelmar
