@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -171,6 +173,21 @@ std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
     return u8(chosen);
   }
   return std::nullopt;
+}
+
+std::string DesktopPerson::input(const platform::InputQuestion& question) {
+  QInputDialog dialog(QApplication::activeWindow());
+  dialog.setObjectName(QStringLiteral("inputBox"));
+  dialog.setProperty("key", qs(question.key));
+  dialog.setWindowTitle(qs(question.title));
+  dialog.setLabelText(withPlainLineEnds(qs(question.text)));
+  dialog.setTextValue(qs(question.proposal));
+  dialog.resize(dialog.sizeHint().expandedTo({420, 0}));
+  if (auto* field = dialog.findChild<QLineEdit*>()) {
+    field->setObjectName(QStringLiteral("inputText"));
+    field->selectAll();
+  }
+  return dialog.exec() == QDialog::Accepted ? u8(dialog.textValue()) : std::string();
 }
 
 bool DesktopPerson::mayBeWritten(QWidget* parent, const QString& file) const {

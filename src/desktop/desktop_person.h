@@ -16,7 +16,7 @@ namespace kelmar::desktop {
 /// Dialogs are modal to the active window. They bear names by which tests find them: a box is
 /// "messageBox" with the property "key", its buttons are "buttonOk", "buttonCancel", "buttonYes"
 /// and "buttonNo"; a file dialog is "fileDialog", the question before overwriting
-/// "overwriteBox".
+/// "overwriteBox", an input line is "inputBox" with the property "key" and the field "inputText".
 class DesktopPerson : public platform::Person {
  public:
   /// Native uses the file dialog of the desktop where it offers one. Own always uses the dialog of
@@ -30,6 +30,7 @@ class DesktopPerson : public platform::Person {
   /// A save into a missing folder is refused in the dialog. A proposal without folder opens in the
   /// folder of the last answer.
   std::optional<std::string> file(const platform::FileQuestion& question) override;
+  std::string input(const platform::InputQuestion& question) override;
 
  private:
   bool mayBeWritten(QWidget* parent, const QString& file) const;

@@ -30,6 +30,14 @@ struct FileQuestion {
   std::string proposal;         ///< proposed path or name, may be empty
 };
 
+/// A question for one line of text. `key` is the language key of its text, or empty.
+struct InputQuestion {
+  std::string key;
+  std::string title;
+  std::string text;
+  std::string proposal; ///< stands in the field, selected
+};
+
 /// The one who answers. One real implementation (desktop/), one scripted for tests.
 class Person {
  public:
@@ -37,6 +45,8 @@ class Person {
   virtual Answer message(const Box& box) = 0;
   /// The chosen absolute path; none on cancel. Save asks before it overwrites.
   virtual std::optional<std::string> file(const FileQuestion& question) = 0;
+  /// Empty on cancel, and where nobody sits who could type.
+  virtual std::string input(const InputQuestion&) { return {}; }
 };
 
 } // namespace kelmar::platform

@@ -71,6 +71,11 @@ std::string describe(const FileQuestion& question) {
          quoted(question.defaultExtension) + ", proposal " + quoted(question.proposal);
 }
 
+std::string describe(const platform::InputQuestion& question) {
+  return "input key " + quoted(question.key) + ", title " + quoted(question.title) + ", text " +
+         quoted(question.text) + ", proposal " + quoted(question.proposal);
+}
+
 /// What a careful person presses when asked out of the blue.
 Answer safeAnswer(Buttons buttons) {
   switch (buttons) {
@@ -101,11 +106,18 @@ bool offers(Buttons buttons, Answer answer) {
 } // namespace
 
 ScriptedPerson::~ScriptedPerson() {
-  for (const auto& expected : script_)
-    if (const auto* box = std::get_if<ExpectedBox>(&expected))
-      ADD_FAILURE() << "never asked: " << describe(box->box);
-    else
-      ADD_FAILURE() << "never asked: " << describe(std::get<ExpectedFile>(expected).question);
+  for (const auto& expected : script_) {
+    std::visit(
+        [](const auto& question) {
+          using Kind = std::decay_t<decltype(question)>;
+          if constexpr (std::is_same_v<Kind, ExpectedBox>) {
+            ADD_FAILURE() << "never asked: " << describe(question.box);
+          } else {
+            ADD_FAILURE() << "never asked: " << describe(question.question);
+          }
+        },
+        expected);
+  }
 }
 
 void ScriptedPerson::expect(Box box, Answer answer, std::function<void()> meanwhile) {
@@ -144,6 +156,25 @@ std::optional<std::string> ScriptedPerson::file(const FileQuestion& question) {
     return std::nullopt;
   }
   const ExpectedFile expected = std::get<ExpectedFile>(std::move(script_.front()));
+  script_.pop_front();
+  EXPECT_EQ(describe(question), describe(expected.question));
+  if (expected.meanwhile) expected.meanwhile();
+  return expected.answer;
+}
+
+void ScriptedPerson::expectInput(platform::InputQuestion question, std::string answer,
+                                 std::function<void()> meanwhile) {
+  script_.emplace_back(
+      ExpectedInput{std::move(question), std::move(answer), std::move(meanwhile)});
+}
+
+std::string ScriptedPerson::input(const platform::InputQuestion& question) {
+  if (recorder_) recorder_->note("input " + question.title);
+  if (script_.empty() || !std::holds_alternative<ExpectedInput>(script_.front())) {
+    ADD_FAILURE() << "not expected: " << describe(question);
+    return {};
+  }
+  const ExpectedInput expected = std::get<ExpectedInput>(std::move(script_.front()));
   script_.pop_front();
   EXPECT_EQ(describe(question), describe(expected.question));
   if (expected.meanwhile) expected.meanwhile();

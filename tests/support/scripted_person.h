@@ -32,11 +32,16 @@ class ScriptedPerson : public platform::Person {
   void expectFile(platform::FileQuestion question, std::optional<std::string> answer,
                   std::function<void()> meanwhile = {});
 
+  /// An empty answer is a cancel.
+  void expectInput(platform::InputQuestion question, std::string answer,
+                   std::function<void()> meanwhile = {});
+
   /// True when every expected question was asked.
   bool allAsked() const { return script_.empty(); }
 
   platform::Answer message(const platform::Box& box) override;
   std::optional<std::string> file(const platform::FileQuestion& question) override;
+  std::string input(const platform::InputQuestion& question) override;
 
  private:
   struct ExpectedBox {
@@ -49,7 +54,12 @@ class ScriptedPerson : public platform::Person {
     std::optional<std::string> answer;
     std::function<void()> meanwhile;
   };
-  std::deque<std::variant<ExpectedBox, ExpectedFile>> script_;
+  struct ExpectedInput {
+    platform::InputQuestion question;
+    std::string answer;
+    std::function<void()> meanwhile;
+  };
+  std::deque<std::variant<ExpectedBox, ExpectedFile, ExpectedInput>> script_;
   Recorder* recorder_ = nullptr;
 };
 
