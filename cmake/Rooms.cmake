@@ -29,6 +29,10 @@ function(kelmar_room name)
     file(GLOB ROOM_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
          ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   endif()
+  if(NOT ROOM_SOURCES)
+    add_library(kelmar_${name} INTERFACE) # an empty room
+    return()
+  endif()
   add_library(kelmar_${name} STATIC ${ROOM_SOURCES})
   set_target_properties(kelmar_${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_link_libraries(kelmar_${name} PUBLIC kelmar_options)
