@@ -83,6 +83,27 @@ class Form : public testing::Test {
   std::unique_ptr<KelmarForm> form;
 };
 
+/// Light on a dark ground, as a desktop may have it.
+QPalette darkPalette() {
+  QPalette dark(QColor(53, 53, 53));
+  dark.setColor(QPalette::Base, QColor(35, 35, 35));
+  dark.setColor(QPalette::AlternateBase, QColor(45, 45, 45));
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+    dark.setColor(role, Qt::white);
+  dark.setColor(QPalette::PlaceholderText, QColor(150, 150, 150));
+  dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  dark.setColor(QPalette::Link, QColor(88, 166, 255));
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    dark.setColor(QPalette::Disabled, role, QColor(140, 140, 140));
+  return dark;
+}
+
+double brightness(const QColor& colour) {
+  return 0.299 * colour.redF() + 0.587 * colour.greenF() + 0.114 * colour.blueF();
+}
+
 std::string shape(const QMenu& menu) {
   std::string line = menu.objectName().toStdString() + " '" + menu.title().toStdString() + "':";
   for (const QAction* entry : menu.actions())
@@ -368,6 +389,45 @@ TEST_F(Form, CanBeUsedAtTheSmallestSize) {
     EXPECT_TRUE(form->rect().contains(place)) << control->objectName().toStdString();
   }
   support::keepPicture(*form, QStringLiteral("smallest"));
+}
+
+TEST_F(Form, TextsCanBeReadOnADarkGround) {
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(darkPalette());
+  run();
+  form->openFile(site.engine());
+  QCoreApplication::processEvents();
+  int seen = 0;
+  for (const QWidget* control : form->findChildren<QWidget*>()) {
+    if (!control->isVisible() || !control->isEnabled())
+      continue;
+    const QPalette& palette = control->palette();
+    EXPECT_GT(std::abs(brightness(palette.color(control->foregroundRole())) -
+                       brightness(palette.color(control->backgroundRole()))),
+              0.3)
+        << control->objectName().toStdString();
+    ++seen;
+  }
+  EXPECT_GT(seen, 20);
+  support::keepPicture(*form, QStringLiteral("dark"));
+  QApplication::setPalette(before);
+}
+
+// The site of this source tree, in both languages.
+TEST_F(Form, DemonstrationSiteOpensInEnglishAndFrench) {
+  for (const char* language : {"en", "fr"}) {
+    start.site = KELMAR_SITE;
+    start.language = language;
+    run();
+    const std::string ecu = std::string(KELMAR_SITE) + "/vehicles/Bellorme Célestine/Moteur/"
+                                                       "Moteur_essence_1l2.xml";
+    form->openFile(ecu);
+    EXPECT_TRUE(form->editor().databaseLoaded()) << language;
+    EXPECT_TRUE(support::control<QTabBar>(*form, "TabStripPrincipal").isEnabled()) << language;
+    QTest::qWait(50);
+    support::keepPicture(*form, QStringLiteral("site-") + QLatin1String(language));
+    form.reset();
+  }
 }
 
 } // namespace kelmar
