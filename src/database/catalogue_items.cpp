@@ -66,8 +66,7 @@ void writeCanIdentifier(xml::Writer& out, const char* element, std::int32_t iden
   out.close();
 }
 
-std::int32_t readCanIdentifier(OmnikorLibXml& database, xml::Node parent, const char* element) {
-  LoadContext& load = database.loading();
+std::int32_t readCanIdentifier(LoadContext& load, xml::Node parent, const char* element) {
   const xml::Node identifier = parent.child(element).child("CANId");
   std::int32_t value = -1;
   bool extended = false;
@@ -254,13 +253,15 @@ void FunctionItem::loadXml(OmnikorLibXml& database, xml::Node element) {
                      "FunctionItem.loadXml : Address not found"))
     return;
   // Unlike the writer, on purpose: a site's list keeps the logical address with the protocols.
-  const xml::Node protocol = element.child("ProtocolList").child("Protocol");
-  if (!readChildText(load, protocol, "LogicalAddress", LogicalAddress)) {
+  const xml::Node logicalAddress =
+      xml::selectSingleNode(element, "ProtocolList/Protocol/LogicalAddress").node();
+  if (!logicalAddress) {
     load.pending.set(1, "loadXml", "FunctionItem.loadXml : Logical Address not found");
     return;
   }
-  canXid = readCanIdentifier(database, element, "SendId");
-  canRid = readCanIdentifier(database, element, "ReceiveId");
+  LogicalAddress = xml::textOf(logicalAddress);
+  canXid = readCanIdentifier(load, element, "SendId");
+  canRid = readCanIdentifier(load, element, "ReceiveId");
   load.pending.clear();
 }
 

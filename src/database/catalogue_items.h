@@ -11,6 +11,7 @@
 
 namespace kelmar {
 
+class LoadContext;
 class OmnikorLibXml;
 
 // The small lists that an ECU file refers to. Lookups are linear and give none when absent; nothing
@@ -114,6 +115,6 @@ class FunctionItems : public Items<FunctionItem> {
 /// identifier.
 void writeCanIdentifier(xml::Writer& out, const char* element, std::int32_t identifier);
 /// Reads the value under `element` ("SendId"), -1 when there is none; tolerant.
-std::int32_t readCanIdentifier(OmnikorLibXml& database, xml::Node parent, const char* element);
+std::int32_t readCanIdentifier(LoadContext& load, xml::Node parent, const char* element);
 
 } // namespace kelmar

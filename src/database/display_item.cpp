@@ -24,6 +24,15 @@ std::string displayName(xml::Node element) {
   return data ? request + "/" + data.value() : request;
 }
 
+/// Why a display was not kept, as the log has it.
+std::string whyNotKept(xml::Node element) {
+  const std::string request = element.attribute("RequestName").value();
+  const xml::Attribute data = element.attribute("DataName");
+  if (!data) return request.empty() ? "requestName missing" : "request missing (" + request + ")";
+  if (request.empty() || *data.value() == '\0') return "dataName or requestName missing";
+  return "request/data missing (" + displayName(element) + ")";
+}
+
 constexpr std::int32_t requestOnly = 1;
 constexpr std::int32_t dataOfRequest = 3;
 
@@ -229,7 +238,7 @@ void DisplayItems::loadXml(OmnikorLibXml& database, xml::Node parent, ScreenItem
       item->loadXml(database, node);
       if (load.pending.isSet()) {
         load.notKept("Display", displayName(node), node,
-                     "DisplayItem.loadXml : " + load.pending.error().text);
+                     "DisplayItem.loadXml : " + whyNotKept(node));
       } else {
         AddData(std::move(item));
       }

@@ -109,18 +109,23 @@ void ScenarioItems::loadXml(OmnikorLibXml& database, xml::Node parent, ButtonIte
   LoadContext& load = database.loading();
   load.pending.clear();
   std::int32_t index = greatestIndex();
-  loadMembers(
-      load, parent, "Send", "Scenario step", MemberTest::Strict,
-      [&](xml::Node node) {
-        auto item = std::make_shared<ScenarioItem>();
-        item->parent = owner;
-        item->loadXml(database, node);
-        return item;
-      },
-      [&](Pointer item) {
-        item->Index = ++index;
-        append(std::move(item));
-      });
+  xml::Node next;
+  for (xml::Node node = parent.child("Send"); node; node = next) {
+    next = node.next_sibling("Send");
+    auto item = std::make_shared<ScenarioItem>();
+    item->parent = owner;
+    item->loadXml(database, node);
+    if (!load.pending.isSet()) {
+      item->Index = ++index;
+      append(std::move(item));
+    } else {
+      const std::string& name = item->requestName;
+      load.notKept("Scenario step", name, node,
+                   name.empty() ? "ScenarioItem.loadXml : requestName missing "
+                                : "ScenarioItem.loadXml : request (" + name + ") missing ");
+    }
+    load.release(node);
+  }
 }
 
 } // namespace kelmar

@@ -42,8 +42,9 @@ class ScenarioItems : public Items<ScenarioItem> {
   /// Renumbers from 1.
   void deleteItem(const ScenarioItem* item);
   template <class Predicate> void deleteSteps(Predicate predicate) {
+    const int before = Count();
     deleteIf(predicate);
-    renumber();
+    if (Count() != before) renumber();
   }
   /// Brings the list into ascending `Index`.
   void sort();

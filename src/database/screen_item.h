@@ -46,8 +46,9 @@ class ScreenItems : public Items<ScreenItem> {
   ScreenItem* AddData(Pointer item);
   /// The first of that exact name.
   ScreenItem* ItemName(std::string_view name) const;
-  using Items::deleteItem;
-  /// The first of that exact name.
+  /// Deletes the first member of that exact name: names are compared here, on purpose, so that of two
+  /// members of one name the first goes.
+  void deleteItem(const ScreenItem* item) { deleteItem(item->screenName); }
   void deleteItem(std::string_view name);
   std::shared_ptr<ScreenItems> clone(CategoryItem* newParent) const;
   void createXMLnode(xml::Writer& out) const;

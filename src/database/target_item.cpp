@@ -8,10 +8,13 @@
 namespace kelmar {
 
 void ProjectNames::Add(const std::string& name) {
-  const std::string folded = foldCase(name);
-  for (const std::string& member : names_)
-    if (foldCase(member) == folded) throw platformFailure(KeyExists, "TargetItem.Projects");
+  if (!keys_.insert(foldCase(name)).second) throw platformFailure(KeyExists, "TargetItem.Projects");
   names_.push_back(name);
+}
+
+void ProjectNames::clear() {
+  names_.clear();
+  keys_.clear();
 }
 
 bool ProjectNames::contains(std::string_view name) const {
@@ -191,6 +194,8 @@ bool TargetItem::loadFunction(OmnikorLibXml& database, xml::Node target) {
   const xml::Node function = target.child("Function");
   FunctionItem* known = database.functions->ItemName(functionName_);
   CanSection section;
+  // The parameters read the section again and report what they find there.
+  LoadContext early;
   if (!known) {
     if (!function.attribute("Address")) {
       load.pending.set(1, "loadXml",
@@ -205,12 +210,12 @@ bool TargetItem::loadFunction(OmnikorLibXml& database, xml::Node target) {
       functionName_ = known->functionName;
     } else {
       known = database.functions->Add(address_, logicalAddress_, functionName_);
-      if (TargetParamItem::isCan(database, target, section)) {
+      if (TargetParamItem::isCan(early, target, section)) {
         known->canXid = section.canXid;
         known->canRid = section.canRid;
       }
     }
-  } else if (TargetParamItem::isCan(database, target, section)) {
+  } else if (TargetParamItem::isCan(early, target, section)) {
     // A file updates the catalogue.
     if (section.canXid != -1) known->canXid = section.canXid;
     if (section.canRid != -1) known->canRid = section.canRid;

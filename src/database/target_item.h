@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace kelmar {
@@ -27,12 +28,13 @@ class ProjectNames {
   void Add(const std::string& name);
   int Count() const { return static_cast<int>(names_.size()); }
   bool contains(std::string_view name) const;
-  void clear() { names_.clear(); }
+  void clear();
   auto begin() const { return names_.begin(); }
   auto end() const { return names_.end(); }
 
  private:
   std::vector<std::string> names_;
+  std::unordered_set<std::string> keys_; // folded
 };
 
 /// The record of one ECU: who it is, where it belongs, and everything that it holds.

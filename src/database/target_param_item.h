@@ -11,6 +11,7 @@
 
 namespace kelmar {
 
+class LoadContext;
 class OmnikorLibXml;
 class TargetItem;
 
@@ -82,7 +83,7 @@ class TargetParamItem {
   void SetDefaultValue(int index);
 
   /// Reads the section `CAN` of a target. False, with `section` as it was, when there is none.
-  static bool isCan(OmnikorLibXml& database, xml::Node target, CanSection& section);
+  static bool isCan(LoadContext& load, xml::Node target, CanSection& section);
 
   void clear() { parent = nullptr; }
   /// Appends to the open `zem:Target`; `Function/@Type` is written by the target.

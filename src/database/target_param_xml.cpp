@@ -189,10 +189,9 @@ void TargetParamItem::writeIp(xml::Writer& out) const {
   out.close();
 }
 
-bool TargetParamItem::isCan(OmnikorLibXml& database, xml::Node target, CanSection& section) {
+bool TargetParamItem::isCan(LoadContext& load, xml::Node target, CanSection& section) {
   const xml::Node can = target.child("CAN");
   if (!can) return false;
-  LoadContext& load = database.loading();
   section.canFdMaxLength = 0;
   readNumber(load, can, "CANFDTxMaxDataLength", section.canFdMaxLength);
   section.baudRate = section.canFdMaxLength < 1 ? defaultBaudRate : canFdBaudRate;
@@ -200,9 +199,9 @@ bool TargetParamItem::isCan(OmnikorLibXml& database, xml::Node target, CanSectio
   section.multiPoint = false;
   readBoolean(load, can, "Multipoint", section.multiPoint);
   load.pending.clear();
-  section.canXid = readCanIdentifier(database, can, "SendId");
+  section.canXid = readCanIdentifier(load, can, "SendId");
   load.pending.clear();
-  section.canRid = readCanIdentifier(database, can, "ReceiveId");
+  section.canRid = readCanIdentifier(load, can, "ReceiveId");
   load.pending.clear();
   section.initMode = can.child("SendId") ? canMode : canMessagingMode;
   return true;
@@ -251,7 +250,7 @@ void TargetParamItem::loadSection(OmnikorLibXml& database, xml::Node target) {
     return;
   }
   CanSection section;
-  if (isCan(database, target, section)) {
+  if (isCan(load, target, section)) {
     multiPoint = section.multiPoint;
     initMode = section.initMode;
     BaudRate = section.baudRate;
