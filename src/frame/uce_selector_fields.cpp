@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frame/uce_selector_fields.h"
 
+#include "controls/colours.h"
+
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -62,11 +64,10 @@ bool ShortenedLabel::event(QEvent* event) {
 
 MenuLabel::MenuLabel(QWidget* parent) : QLabel(parent) {
   setFocusPolicy(Qt::TabFocus);
-  setCursor(Qt::PointingHandCursor);
-  setForegroundRole(QPalette::Link);
   QFont underlined = font();
   underlined.setUnderline(true);
   setFont(underlined);
+  showWhetherUsable();
 }
 
 void MenuLabel::mousePressEvent(QMouseEvent* event) {
@@ -99,9 +100,19 @@ void MenuLabel::paintEvent(QPaintEvent* event) {
 
 void MenuLabel::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
-  if (event->type() != QEvent::EnabledChange) return;
-  setForegroundRole(isEnabled() ? QPalette::Link : QPalette::WindowText);
+  if (event->type() == QEvent::EnabledChange || event->type() == QEvent::PaletteChange)
+    showWhetherUsable();
+}
+
+void MenuLabel::showWhetherUsable() {
   setCursor(isEnabled() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  // The palette of a dark desktop may keep a dark blue for links.
+  const QColor link = readableOn(palette(), palette().color(QPalette::Active, QPalette::Link));
+  if (palette().color(QPalette::Active, QPalette::WindowText) == link) return; // its own change
+  QPalette own = palette();
+  own.setColor(QPalette::Active, QPalette::WindowText, link);
+  own.setColor(QPalette::Inactive, QPalette::WindowText, link);
+  setPalette(own);
 }
 
 } // namespace kelmar

@@ -54,6 +54,9 @@ class MenuLabel : public QLabel {
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+
+ private:
+  void showWhetherUsable();
 };
 
 } // namespace kelmar

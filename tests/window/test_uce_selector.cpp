@@ -404,6 +404,7 @@ TEST_F(UceSelectorTest, Fields_StayReadableWithADarkPalette) {
               120)
         << name;
   }
+  EXPECT_GT(the<QLabel>("LabelFunction").palette().color(QPalette::WindowText).lightness(), 100);
   page->setPalette(before);
   QCoreApplication::processEvents();
   EXPECT_GT(the<QLineEdit>("TextFunction").palette().color(QPalette::Base).lightness(), 128);
