@@ -31,20 +31,33 @@ bool EcuSaving::mayBeSaved(const OmnikorLibXml& database) const {
   return false;
 }
 
-bool EcuSaving::write(OmnikorLibXml& database, const std::string& file) const {
-  if (platform::fileExists(file) && platform::isReadOnly(file)) {
-    person_.message(
-        {"SELECTOR/MSG/fileIsProtected/text",
-         texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/fileIsProtected/title"),
-         texts_.getMultilangMessageDefault(
-             "File '{0}' is read only. Unprotect it or choose a new name.",
-             "SELECTOR/MSG/fileIsProtected/text", file),
-         platform::Buttons::Ok, platform::Icon::Exclamation});
-    return false;
+EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file) {
+  if (platform::fileExists(file) && platform::isReadOnly(file))
+    return EcuSaveResult::FileIsProtected;
+  const std::string bytes = database.ExportUceToXml(file);
+  // What was meant to be written is well formed by the way it is made, so that the file reads back
+  // exactly when it holds these bytes.
+  if (!platform::holds(file, bytes)) return EcuSaveResult::BadlySaved;
+  database.forgetReport();
+  if (database.ActiveTarget) database.ActiveTarget->ValueChanged = false;
+  return EcuSaveResult::Saved;
+}
+
+std::string saveResultText(EcuSaveResult result, const CMultiLangEx& texts,
+                           const std::string& file) {
+  if (result == EcuSaveResult::FileIsProtected) {
+    return texts.getMultilangMessageDefault(
+        "File '{0}' is read only. Unprotect it or choose a new name.",
+        "SELECTOR/MSG/fileIsProtected/text", file);
   }
-  std::string bytes;
+  return texts.getMultilangMessageDefault("File '{0}' badly saved. Check disk size, name, ...",
+                                          "SELECTOR/MSG/fileSaveError/text", file);
+}
+
+bool EcuSaving::write(OmnikorLibXml& database, const std::string& file) const {
+  EcuSaveResult result = EcuSaveResult::Saved;
   try {
-    bytes = database.ExportUceToXml(file);
+    result = saveEcu(database, file);
   } catch (const Failure& failure) {
     person_.message(
         {"SELECTOR/MSG/saveFileError/text",
@@ -55,24 +68,20 @@ bool EcuSaving::write(OmnikorLibXml& database, const std::string& file) const {
          platform::Buttons::Ok, platform::Icon::Critical});
     return false;
   }
-  if (!readsBack(file, std::move(bytes))) {
+  if (result == EcuSaveResult::Saved) return true;
+  const std::string text = saveResultText(result, texts_, file);
+  if (result == EcuSaveResult::FileIsProtected) {
+    person_.message(
+        {"SELECTOR/MSG/fileIsProtected/text",
+         texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/fileIsProtected/title"),
+         text, platform::Buttons::Ok, platform::Icon::Exclamation});
+  } else {
     person_.message(
         {"SELECTOR/MSG/fileSaveError/text",
-         texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/fileSaveError/title"),
-         texts_.getMultilangMessageDefault("File '{0}' badly saved. Check disk size, name, ...",
-                                           "SELECTOR/MSG/fileSaveError/text", file),
+         texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/fileSaveError/title"), text,
          platform::Buttons::Ok, platform::Icon::Critical});
-    return false;
   }
-  database.forgetReport();
-  if (database.ActiveTarget) database.ActiveTarget->ValueChanged = false;
-  return true;
-}
-
-bool readsBack(const std::string& file, std::string bytes) {
-  if (!platform::holds(file, bytes)) return false;
-  xml::Document document;
-  return document.loadBytes(std::move(bytes));
+  return false;
 }
 
 bool copyToBackup(const std::string& file) {

@@ -12,6 +12,18 @@ namespace kelmar {
 
 class CMultiLangEx;
 
+/// How a save of the open ECU ended.
+enum class EcuSaveResult { Saved, FileIsProtected, BadlySaved };
+
+/// Writes the ECU to the file and reads it back. A read-only file is not touched. Nothing is kept of
+/// the report of the load, nor the mark of a change, after a success. Raises Failure for an ECU that
+/// cannot be written; the file is untouched then.
+EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file);
+
+/// What the person is told of a save that ended otherwise than Saved.
+std::string saveResultText(EcuSaveResult result, const CMultiLangEx& texts,
+                           const std::string& file);
+
 /// What saves the open ECU, for the window and the command line alike: the checks before, the
 /// writing, the reading back, and the box that tells what went wrong.
 class EcuSaving {
@@ -28,8 +40,7 @@ class EcuSaving {
 
   /// Writes the ECU to the file. False, and told, when the file is read-only, when the ECU cannot be
   /// written (the file is untouched then), and when the file does not read back as it was meant to
-  /// be (it stays as it is). Nothing is kept of the report of the load, nor the mark of a change,
-  /// after a success.
+  /// be (it stays as it is).
   bool write(OmnikorLibXml& database, const std::string& file) const;
 
  private:
@@ -40,9 +51,6 @@ class EcuSaving {
 /// The text that refuses to save a file of the sibling tool, in English.
 inline constexpr char siblingToolRefusal[] =
     "Save functionalities are desactivated for QVR databases";
-
-/// True when the file holds these bytes and they are a well-formed document.
-bool readsBack(const std::string& file, std::string bytes);
 
 /// Copies an existing file over the one of the same name with ".bak" behind it, in the same folder.
 /// An error leaves what was there and is not told. False when nothing was copied.

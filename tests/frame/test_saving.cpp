@@ -140,14 +140,6 @@ TEST_F(SavingTest, AskForFile_ProposesThePresentFileAndMayBeCancelled) {
   EXPECT_FALSE(saving.askForFile("/a/b.xml", *database.ActiveTarget));
 }
 
-TEST_F(SavingTest, ReadsBack_ComparesWithWhatWasMeant) {
-  const std::string file = folder.write("a.xml", "<a/>");
-  EXPECT_TRUE(readsBack(file, "<a/>"));
-  EXPECT_FALSE(readsBack(file, "<b/>"));
-  EXPECT_FALSE(readsBack(folder.file("absent.xml"), "<a/>"));
-  EXPECT_FALSE(readsBack(folder.write("b.xml", "<a>"), "<a>")) << "not well formed";
-}
-
 TEST_F(SavingTest, Backup_StandsBesideTheFileAndReplacesAnOlderOne) {
   const std::string file = folder.write("a.xml", "new");
   folder.write("a.xml.bak", "old and longer");
