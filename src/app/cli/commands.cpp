@@ -2,150 +2,93 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/cli/commands.h"
 
-#include "app/cli/dump_json.h"
-#include "app/cli/ecu_session.h"
-#include "app/cli/one_line.h"
-#include "app/cli/summary.h"
-#include "app/cli/uses.h"
+#include "app/cli/session.h"
 #include "base/version.h"
+
+#include <algorithm>
+#include <new>
 
 namespace kelmar::cli {
 
 namespace {
 
-template <class Item>
-Item* demand(Item* item, const char* kind, const std::string& name) {
-  if (!item) throw Failure(1, "", std::string(kind) + " '" + name + "' not found");
-  return item;
-}
+const Option findOptions[] = {{"--site"}, {"--function"}, {"--protocol"}, {"--diag"},
+                              {"--supplier"}, {"--soft"}, {"--version"}};
 
-template <class Collection>
-auto* itemNamed(const std::shared_ptr<Collection>& items, const std::string& name) {
-  return items ? items->ItemName(name) : nullptr;
-}
+const Command table[] = {
+    {"show", "FILE", "a readable summary", 1, 1, fileOptions, runShow},
+    {"dump", "FILE", "the whole model as JSON", 1, 1, fileOptions, runDump},
+    {"save", "FILE [-o OUT] [--encoding NAME]", "load and write back", 1, 1, savingOptions,
+     runSave},
+    {"uses", "FILE NAME", "who uses a data or a request", 2, 2, fileOptions, runUses},
+    {"rename-data", "FILE OLD NEW [-o OUT]", "rename a data, its users follow", 3, 3,
+     savingOptions, runRenameData},
+    {"rename-request", "FILE OLD NEW [-o OUT]", "rename a request, its users follow", 3, 3,
+     savingOptions, runRenameRequest},
+    {"rename-device", "FILE OLD NEW [-o OUT]", "rename a device", 3, 3, savingOptions,
+     runRenameDevice},
+    {"delete-data", "FILE NAME [-o OUT]", "delete a data with what hangs on it", 2, 2,
+     savingOptions, runDeleteData},
+    {"delete-request", "FILE NAME [-o OUT]", "delete a request with what hangs on it", 2, 2,
+     savingOptions, runDeleteRequest},
+    {"delete-device", "FILE NAME [-o OUT]", "delete a device", 2, 2, savingOptions,
+     runDeleteDevice},
+    {"find",
+     "--site DIR --function N [--protocol N --diag N --supplier S --soft S --version S]",
+     "the ECU file that fits an identification best", 0, 0, findOptions, runFind},
+};
 
-DataItem* dataNamed(const TargetItem& target, const std::string& name) {
-  return demand(itemNamed(target.datas(), name), "Data", name);
-}
-
-RequestItem* requestNamed(const TargetItem& target, const std::string& name) {
-  return demand(itemNamed(target.Requests(), name), "Request", name);
-}
-
-OrganeItem* deviceNamed(const TargetItem& target, const std::string& name) {
-  return demand(itemNamed(target.Organes(), name), "Device", name);
-}
-
-void change(TargetItem& target, const CommandLine& line) {
-  switch (line.command) {
-  case Command::RenameData:
-    return target.RenameData(dataNamed(target, line.name), line.newName);
-  case Command::RenameRequest:
-    return target.RenameRequest(requestNamed(target, line.name), line.newName);
-  case Command::RenameDevice:
-    return target.RenameDevice(deviceNamed(target, line.name), line.newName);
-  case Command::DeleteData:
-    return target.DeleteData(dataNamed(target, line.name));
-  case Command::DeleteRequest:
-    return target.DeleteRequest(requestNamed(target, line.name));
-  case Command::DeleteDevice:
-    return target.DeleteDevice(deviceNamed(target, line.name));
-  default:
-    return; // the others write what they read
+void printHelp(Output& output) {
+  output << "Usage: kelmar-cli COMMAND ...\n\nCommands:\n";
+  for (const Command& command : table) {
+    output << "  " << command.name << " " << command.usage << "\n      " << command.summary << "\n";
   }
+  output << "\nOptions:\n"
+            "  -o OUT           write to OUT; without it in place, with a backup FILE.bak\n"
+            "  --encoding NAME  UTF-8, UTF-16, ISO-8859-1 or windows-1252\n"
+            "  --site DIR       the data root whose encoding and style sheet count\n"
+            "  --yes            open files of the sibling tool; they are never written\n"
+            "  -v               notes on standard error\n"
+            "  --help, --version\n\n"
+            "Exit codes: 0 done, 1 failure or no match, 2 wrong use.\n";
 }
 
-int changeAndSave(const CommandLine& line, const Messages& messages) {
-  OmnikorLibXml& database = openEcu(line, messages);
-  demandSavable(database);
-  change(*database.ActiveTarget, line);
-  saveEcu(database, line, messages);
-  return done;
-}
-
-int show(const CommandLine& line, const Messages& messages, Output& out) {
-  printSummary(out, openEcu(line, messages), line.file);
-  return done;
-}
-
-int dump(const CommandLine& line, const Messages& messages, Output& out) {
-  dumpTarget(out, *openEcu(line, messages).ActiveTarget);
-  return done;
-}
-
-int printUses(const CommandLine& line, const Messages& messages, Output& out) {
-  const TargetItem& target = *openEcu(line, messages).ActiveTarget;
-  bool found = false;
-  const auto print = [&](const Use& use) {
-    found = true;
-    out << use.kind << '\t' << oneLine(use.where) << '\t' << oneLine(use.detail) << '\n';
-  };
-  // Of a data and a request of the same name both count.
-  const DataItem* data = itemNamed(target.datas(), line.name);
-  const RequestItem* request = itemNamed(target.Requests(), line.name);
-  if (data) forEachUseOfData(target, data->dataName(), print);
-  if (request) forEachUseOfRequest(target, request->requestName, print);
-  if (!data && !request) throw Failure(1, "", "Data or request '" + line.name + "' not found");
-  return found ? done : failed;
-}
-
-/// What the lines about a failure begin with.
-std::string subjectOf(const CommandLine& line) {
-  if (!line.file.empty()) return line.file;
-  return line.site.empty() ? "site" : line.site;
+int complainOfUse(const std::string& text) {
+  complain(text + "; see kelmar-cli --help");
+  return wrongUse;
 }
 
 } // namespace
 
-int runCommand(const CommandLine& line, const Messages& messages, Output& out) {
-  switch (line.command) {
-  case Command::Help:
-    out << commandLineHelp();
-    return done;
-  case Command::Version:
-    out << "kelmar-cli " << applicationVersion << '\n' << applicationCopyright << '\n';
-    return done;
-  case Command::Show:
-    return show(line, messages, out);
-  case Command::Dump:
-    return dump(line, messages, out);
-  case Command::Uses:
-    return printUses(line, messages, out);
-  case Command::Find:
-    return findEcu(line, messages, out);
-  default:
-    return changeAndSave(line, messages);
-  }
-}
+std::span<const Command> commands() { return table; }
 
-int runCommandLine(const std::vector<std::string>& words, Output& out) {
-  const CommandLine line = readCommandLine(words);
-  if (!line.mistake.empty()) {
-    Messages::wrongUse(line.mistake);
-    return wrongUse;
+int run(const std::vector<std::string>& words, Output& output) {
+  if (words.empty()) return complainOfUse("no command");
+  if (words[0] == "--help" || words[0] == "-h") {
+    printHelp(output);
+    return done;
   }
-  const Messages messages(line.verbose);
-  int code = failed;
+  if (words[0] == "--version") {
+    output << "kelmar-cli " << applicationVersion << "\n";
+    return done;
+  }
+  const auto command = std::find_if(std::begin(table), std::end(table),
+                                    [&](const Command& each) { return words[0] == each.name; });
+  if (command == std::end(table)) return complainOfUse("unknown command " + words[0]);
   try {
-    code = runCommand(line, messages, out);
+    const Arguments arguments({words.begin() + 1, words.end()}, command->options);
+    const std::size_t count = arguments.words().size();
+    if (count < command->leastWords || count > command->mostWords)
+      throw WrongUse(std::string("usage: kelmar-cli ") + command->name + " " + command->usage);
+    return command->run(arguments, output);
+  } catch (const WrongUse& use) {
+    return complainOfUse(use.what());
   } catch (const Failure& failure) {
-    messages.error(subjectOf(line), failure);
-  } catch (const ReaderGone&) {
-    return failed; // whoever read the output knows that it is not all
+    complain(failureLine(words[0], failure));
   } catch (const std::bad_alloc&) {
-    messages.error(subjectOf(line), Failure(7, "", "Out of memory"));
-  } catch (const std::exception& unexpected) {
-    messages.error(subjectOf(line), Failure(1, "", unexpected.what()));
+    complain("out of memory");
   }
-  try {
-    out.flush();
-  } catch (const Failure& failure) {
-    messages.error("standard output", failure);
-    return failed;
-  } catch (const ReaderGone&) {
-    return failed;
-  }
-  return code;
+  return failed;
 }
 
 } // namespace kelmar::cli

@@ -2,27 +2,42 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "app/cli/command_line.h"
-#include "app/cli/messages.h"
+#include "app/cli/arguments.h"
 #include "app/cli/output.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
 namespace kelmar::cli {
 
-inline constexpr int done = 0;
-inline constexpr int failed = 1; ///< or nothing was found
-inline constexpr int wrongUse = 2;
+/// One command of the tool.
+struct Command {
+  const char* name;
+  const char* usage; ///< what stands behind the name
+  const char* summary;
+  std::size_t leastWords, mostWords;
+  std::span<const Option> options;
+  /// Answers with the exit code.
+  int (*run)(const Arguments& arguments, Output& output);
+};
 
-/// Does what the words after the program's name say, and gives the exit code. Whatever goes wrong
-/// is told on standard error. Never raises.
-int runCommandLine(const std::vector<std::string>& words, Output& out);
+/// All commands, in the order of the help.
+std::span<const Command> commands();
 
-/// Runs one command. Raises Failure, which the caller tells, and what `out` raises.
-int runCommand(const CommandLine& line, const Messages& messages, Output& out);
+/// Runs a whole command line without the program's name; answers with the exit code.
+int run(const std::vector<std::string>& words, Output& output);
 
-/// Looks a file up by its identification; `failed` when there is none.
-int findEcu(const CommandLine& line, const Messages& messages, Output& out);
+int runShow(const Arguments& arguments, Output& output);
+int runDump(const Arguments& arguments, Output& output);
+int runSave(const Arguments& arguments, Output& output);
+int runUses(const Arguments& arguments, Output& output);
+int runRenameData(const Arguments& arguments, Output& output);
+int runRenameRequest(const Arguments& arguments, Output& output);
+int runRenameDevice(const Arguments& arguments, Output& output);
+int runDeleteData(const Arguments& arguments, Output& output);
+int runDeleteRequest(const Arguments& arguments, Output& output);
+int runDeleteDevice(const Arguments& arguments, Output& output);
+int runFind(const Arguments& arguments, Output& output);
 
 } // namespace kelmar::cli
