@@ -29,7 +29,8 @@ bool isClicked(const BitPlacement& placement, const FrameBit& click) {
 int startBitAt(int cell, bool LittleEndian) { return LittleEndian ? cell : 7 - cell; }
 
 std::optional<BitPlacement> toggledEndian(const BitPlacement& placement) {
-  if (placement.NumberBits > 8 || placement.OffsetBit + placement.NumberBits - 1 >= 8)
+  if (placement.NumberBits < 1 || placement.NumberBits > 8 ||
+      placement.OffsetBit + placement.NumberBits - 1 >= 8)
     return std::nullopt;
   BitPlacement toggled = placement;
   toggled.LittleEndian = !placement.LittleEndian;
