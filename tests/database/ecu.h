@@ -123,8 +123,11 @@ class Fragment {
 template <class Collection, class Name>
 std::string namesOf(const Collection& items, Name name) {
   std::string names;
-  for (const auto* item : items)
-    names += (names.empty() ? "" : " ") + std::string(name(*item));
+  const char* separator = "";
+  for (const auto* item : items) {
+    names += separator + std::string(name(*item));
+    separator = " ";
+  }
   return names;
 }
 
