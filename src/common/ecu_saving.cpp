@@ -31,10 +31,13 @@ bool EcuSaving::mayBeSaved(const OmnikorLibXml& database) const {
   return false;
 }
 
-EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file) {
+EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file,
+                      const std::function<void()>& beforeWriting) {
   if (platform::fileExists(file) && platform::isReadOnly(file))
     return EcuSaveResult::FileIsProtected;
-  const std::string bytes = database.ExportUceToXml(file);
+  const std::string bytes = database.ecuFileBytes();
+  if (beforeWriting) beforeWriting();
+  database.writeEcuFile(file, bytes);
   // What was meant to be written is well formed by the way it is made, so that the file reads back
   // exactly when it holds these bytes.
   if (!platform::holds(file, bytes)) return EcuSaveResult::BadlySaved;

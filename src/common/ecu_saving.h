@@ -5,6 +5,7 @@
 #include "database/omnikor_lib_xml.h"
 #include "platform/person.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,8 +18,10 @@ enum class EcuSaveResult { Saved, FileIsProtected, BadlySaved };
 
 /// Writes the ECU to the file and reads it back. A read-only file is not touched. Nothing is kept of
 /// the report of the load, nor the mark of a change, after a success. Raises Failure for an ECU that
-/// cannot be written; the file is untouched then.
-EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file);
+/// cannot be written; the file is untouched then. `beforeWriting` runs when nothing stands against
+/// the save any more but the disk; what it raises leaves the file untouched, too.
+EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file,
+                      const std::function<void()>& beforeWriting = {});
 
 /// What the person is told of a save that ended otherwise than Saved.
 std::string saveResultText(EcuSaveResult result, const CMultiLangEx& texts,

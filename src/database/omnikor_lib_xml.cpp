@@ -179,6 +179,7 @@ void OmnikorLibXml::ImportUceFromXml(const std::string& url) {
   for (const auto& [source, message] : messages) RaiseLibMessage(source, message);
   report_ = context_.takeReport();
   if (context_.pending.isSet()) throw context_.pending.error();
+  expectedSize_ = document.sourceSize();
   loadFailed_ = false;
 }
 
@@ -189,6 +190,8 @@ std::string OmnikorLibXml::ecuFileBytes() {
                   "The file could not be loaded completely, what was read of it is not saved");
   }
   xml::Writer out(xmlEncoding);
+  // What is not needed of it is never touched, and so costs no memory.
+  out.reserve(expectedSize_ + expectedSize_ / 16);
   out.processingInstruction("xml", "version='1.0' encoding=\"" + xmlEncoding + "\"");
   if (!xmlStyleSheet.empty())
     out.processingInstruction("xml-stylesheet", "type=\"text/xsl\" href=\"" + xmlStyleSheet + "\"");
@@ -204,11 +207,18 @@ std::string OmnikorLibXml::ecuFileBytes() {
   out.lineFeed();
   ActiveTarget->createXMLnode(out);
   out.close();
-  return out.take();
+  std::string bytes = out.take();
+  expectedSize_ = bytes.size();
+  return bytes;
 }
 
 std::string OmnikorLibXml::ExportUceToXml(const std::string& file) {
   std::string bytes = ecuFileBytes();
+  writeEcuFile(file, bytes);
+  return bytes;
+}
+
+void OmnikorLibXml::writeEcuFile(const std::string& file, std::string_view bytes) const {
   try {
     platform::writeWhole(file, bytes);
   } catch (const Failure& failure) {
@@ -216,7 +226,6 @@ std::string OmnikorLibXml::ExportUceToXml(const std::string& file) {
     RaiseLibMessage("ExportParametersToXml",
                     "Save error (number : " + std::to_string(failure.number) + ")");
   }
-  return bytes;
 }
 
 } // namespace kelmar

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -77,6 +78,8 @@ class OmnikorLibXml {
   std::string ExportUceToXml(const std::string& fileName);
   /// The bytes alone. Raises as above.
   std::string ecuFileBytes();
+  /// The writing alone; a failure is told as above.
+  void writeEcuFile(const std::string& fileName, std::string_view bytes) const;
 
   /// Does nothing; the interface is kept.
   void ExportParametersToXml(const std::string&, const std::string&) {}
@@ -102,6 +105,8 @@ class OmnikorLibXml {
   LoadReport report_;
   /// Messages that wait for the end of a load, while there is one.
   std::vector<std::pair<std::string, std::string>>* heldMessages_ = nullptr;
+  /// Bytes that the next save will come to, about.
+  std::size_t expectedSize_ = 0;
   bool loadedFromQvr_ = false;
   bool loadFailed_ = false;
 };

@@ -47,9 +47,10 @@ std::int32_t Arguments::number(const std::string& option, std::int32_t otherwise
   const auto text = value(option);
   if (!text) return otherwise;
   try {
-    return toInt32(*text);
+    const bool isHexadecimal = text->starts_with("0x") || text->starts_with("0X");
+    return toInt32(isHexadecimal ? "&H" + text->substr(2) : *text);
   } catch (const Failure&) {
-    throw WrongUse("option " + option + ": '" + *text + "' is no number");
+    throw WrongUse("option " + option + ": '" + *text + "' is no number of 32 bits");
   }
 }
 

@@ -12,8 +12,9 @@ namespace kelmar::cli {
 
 namespace {
 
-const Option findOptions[] = {{"--site"}, {"--function"}, {"--protocol"}, {"--diag"},
-                              {"--supplier"}, {"--soft"}, {"--version"}};
+const Option findOptions[] = {{"--site"},     {"--function"},    {"--protocol"},
+                              {"--diag"},     {"--supplier"},    {"--soft"},
+                              {"--version"},  {"-v", false},     {"--help", false}};
 
 const Command table[] = {
     {"show", "FILE", "a readable summary", 1, 1, fileOptions, runShow},
@@ -46,9 +47,11 @@ void printHelp(Output& output) {
   output << "\nOptions:\n"
             "  -o OUT           write to OUT; without it in place, with a backup FILE.bak\n"
             "  --encoding NAME  UTF-8, UTF-16, ISO-8859-1 or windows-1252\n"
-            "  --site DIR       the data root whose encoding and style sheet count\n"
+            "  --site DIR       the data root, whose encoding and style sheet count\n"
+            "  --lang CODE      language of the names of failure and device types\n"
             "  --yes            open files of the sibling tool; they are never written\n"
             "  -v               notes on standard error\n"
+            "  --               end of the options\n"
             "  --help, --version\n\n"
             "Exit codes: 0 done, 1 failure or no match, 2 wrong use.\n";
 }
@@ -58,11 +61,8 @@ int complainOfUse(const std::string& text) {
   return wrongUse;
 }
 
-} // namespace
-
-std::span<const Command> commands() { return table; }
-
-int run(const std::vector<std::string>& words, Output& output) {
+/// The commands behind all that is the same for them.
+int runCommand(const std::vector<std::string>& words, Output& output) {
   if (words.empty()) return complainOfUse("no command");
   if (words[0] == "--help" || words[0] == "-h") {
     printHelp(output);
@@ -78,6 +78,10 @@ int run(const std::vector<std::string>& words, Output& output) {
   try {
     const Arguments arguments({words.begin() + 1, words.end()}, command->options);
     const std::size_t count = arguments.words().size();
+    if (arguments.has("--help")) {
+      printHelp(output);
+      return done;
+    }
     if (count < command->leastWords || count > command->mostWords)
       throw WrongUse(std::string("usage: kelmar-cli ") + command->name + " " + command->usage);
     return command->run(arguments, output);
@@ -86,9 +90,23 @@ int run(const std::vector<std::string>& words, Output& output) {
   } catch (const Failure& failure) {
     complain(failureLine(words[0], failure));
   } catch (const std::bad_alloc&) {
-    complain("out of memory");
+    complain(failureLine(words[0], Failure(7, "", "Out of memory")));
+  } catch (const std::exception& unexpected) {
+    complain(failureLine(words[0], Failure(1, "", unexpected.what())));
   }
   return failed;
+}
+
+} // namespace
+
+int run(const std::vector<std::string>& words, Output& output) {
+  try {
+    const int code = runCommand(words, output);
+    output.flush();
+    return code;
+  } catch (const OutputFailed&) {
+    return failed;
+  }
 }
 
 } // namespace kelmar::cli

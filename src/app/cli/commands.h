@@ -22,10 +22,8 @@ struct Command {
   int (*run)(const Arguments& arguments, Output& output);
 };
 
-/// All commands, in the order of the help.
-std::span<const Command> commands();
-
-/// Runs a whole command line without the program's name; answers with the exit code.
+/// Runs a whole command line without the program's name; answers with the exit code. Whatever goes
+/// wrong is told on standard error. Never raises.
 int run(const std::vector<std::string>& words, Output& output);
 
 int runShow(const Arguments& arguments, Output& output);

@@ -15,9 +15,20 @@ auto* itemNamed(const Collection& items, const char* kind, const std::string& na
   return item;
 }
 
+using Words = std::vector<std::string>;
+
+/// Raises WrongUse. An old name may be empty: a file can hold such an item, to be renamed.
+const Arguments& withNewName(const Arguments& arguments) {
+  if (arguments.words()[2].empty()) throw WrongUse("the new name is empty");
+  return arguments;
+}
+
 /// Loads, changes, saves: nothing is written when one of the steps fails.
 template <class Change>
 int editFile(const Arguments& arguments, Change change) {
+  // Wrong use is told before a large file is loaded for nothing.
+  chosenEncoding(arguments);
+  if (arguments.value("-o") == "") throw WrongUse("option -o needs a value");
   Session session(arguments.words()[0], arguments);
   if (!session.load() || !session.prepareSaving()) return failed;
   try {
@@ -28,13 +39,6 @@ int editFile(const Arguments& arguments, Change change) {
   return session.save();
 }
 
-using Words = std::vector<std::string>;
-
-const std::string& newNameOf(const Words& words) {
-  if (words[2].empty()) throw WrongUse("the new name is empty");
-  return words[2];
-}
-
 } // namespace
 
 int runSave(const Arguments& arguments, Output&) {
@@ -42,20 +46,20 @@ int runSave(const Arguments& arguments, Output&) {
 }
 
 int runRenameData(const Arguments& arguments, Output&) {
-  return editFile(arguments, [](TargetItem& target, const Words& words) {
-    target.RenameData(itemNamed(target.datas(), "Data", words[1]), newNameOf(words));
+  return editFile(withNewName(arguments), [](TargetItem& target, const Words& words) {
+    target.RenameData(itemNamed(target.datas(), "Data", words[1]), words[2]);
   });
 }
 
 int runRenameRequest(const Arguments& arguments, Output&) {
-  return editFile(arguments, [](TargetItem& target, const Words& words) {
-    target.RenameRequest(itemNamed(target.Requests(), "Request", words[1]), newNameOf(words));
+  return editFile(withNewName(arguments), [](TargetItem& target, const Words& words) {
+    target.RenameRequest(itemNamed(target.Requests(), "Request", words[1]), words[2]);
   });
 }
 
 int runRenameDevice(const Arguments& arguments, Output&) {
-  return editFile(arguments, [](TargetItem& target, const Words& words) {
-    target.RenameDevice(itemNamed(target.Organes(), "Device", words[1]), newNameOf(words));
+  return editFile(withNewName(arguments), [](TargetItem& target, const Words& words) {
+    target.RenameDevice(itemNamed(target.Organes(), "Device", words[1]), words[2]);
   });
 }
 

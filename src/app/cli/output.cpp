@@ -2,15 +2,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/cli/output.h"
 
+#include "app/cli/one_line.h"
+#include "base/failure.h"
+
 #include <cerrno>
-#include <cstring>
+#include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace kelmar::cli {
 
 namespace {
-
-constexpr std::size_t pieceSize = 1u << 16;
 
 /// Everything, or false.
 bool writeAll(int descriptor, std::string_view text) {
@@ -27,27 +29,20 @@ bool writeAll(int descriptor, std::string_view text) {
 
 } // namespace
 
-Output& Output::operator<<(std::string_view text) {
-  buffer_ += text;
-  if (buffer_.size() >= pieceSize) flush();
-  return *this;
-}
-
 void Output::flush() {
-  if (!failed_ && !writeAll(STDOUT_FILENO, buffer_)) {
-    failed_ = true;
-    if (errno != EPIPE) complain(std::string("standard output: ") + std::strerror(errno));
+  // Emptied first: what could not be written is not tried again.
+  const std::string text = std::exchange(buffer_, {});
+  if (writeAll(STDOUT_FILENO, text)) return;
+  if (errno != EPIPE) {
+    complain("standard output: error " + std::to_string(FileAccessFailed) + ": " +
+             std::generic_category().message(errno));
   }
-  buffer_.clear();
+  throw OutputFailed();
 }
 
-bool Output::finish() {
-  flush();
-  return !failed_;
-}
-
-void complain(const std::string& text) {
-  writeAll(STDERR_FILENO, "kelmar-cli: " + text + "\n");
+void complain(std::string_view text) {
+  // A terminal or a log that cannot be written is nothing that could be told anywhere.
+  writeAll(STDERR_FILENO, "kelmar-cli: " + oneLine(text) + "\n");
 }
 
 } // namespace kelmar::cli

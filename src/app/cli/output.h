@@ -7,26 +7,32 @@
 
 namespace kelmar::cli {
 
-/// Standard output, written in large pieces. The first failure is kept.
+/// Standard output cannot be written, or its reader has gone. It has been told, but for a reader that
+/// has gone: that one knows that it did not get all.
+struct OutputFailed {};
+
+/// Standard output, written in large pieces.
 class Output {
  public:
   Output() = default;
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
 
-  Output& operator<<(std::string_view text);
-  Output& operator<<(long long number) { return *this << std::string_view(std::to_string(number)); }
-  /// False when something could not be written; the reason has been told, but for a reader that
-  /// went away.
-  bool finish();
+  /// Raises OutputFailed.
+  Output& operator<<(std::string_view text) {
+    buffer_ += text;
+    if (buffer_.size() >= pieceSize) flush();
+    return *this;
+  }
+  /// What has not been written yet. Raises OutputFailed.
+  void flush();
 
  private:
-  void flush();
+  static constexpr std::size_t pieceSize = 1u << 16;
   std::string buffer_;
-  bool failed_ = false;
 };
 
 /// A line on standard error: "kelmar-cli: TEXT".
-void complain(const std::string& text);
+void complain(std::string_view text);
 
 } // namespace kelmar::cli

@@ -5,40 +5,94 @@
 #include "base/text.h"
 #include "common/ecu_saving.h"
 #include "common/site_parameters.h"
+#include "frame/rules/selector_load_report.h"
 #include "language/multi_lang.h"
+#include "platform/files.h"
+#include "platform/person.h"
 #include "platform/site_settings.h"
+
+#include <filesystem>
 
 namespace kelmar::cli {
 
-platform::Answer AbsentPerson::message(const platform::Box& box) {
-  switch (box.buttons) {
-  case platform::Buttons::Ok:
-    return platform::Answer::Ok;
-  case platform::Buttons::OkCancel:
-    return opensSiblingFiles_ ? platform::Answer::Ok : platform::Answer::Cancel;
-  case platform::Buttons::YesNo:
-    return platform::Answer::No;
-  case platform::Buttons::YesNoCancel:
-    break;
+namespace {
+
+/// Who answers on a command line: OK to the question about files of the sibling tool when told so
+/// beforehand, the careful answer to everything else.
+class AbsentPerson : public platform::Person {
+ public:
+  explicit AbsentPerson(bool opensSiblingFiles) : opensSiblingFiles_(opensSiblingFiles) {}
+
+  platform::Answer message(const platform::Box& box) override {
+    switch (box.buttons) {
+    case platform::Buttons::Ok:
+      return platform::Answer::Ok;
+    case platform::Buttons::OkCancel:
+      return opensSiblingFiles_ ? platform::Answer::Ok : platform::Answer::Cancel;
+    case platform::Buttons::YesNo:
+      return platform::Answer::No;
+    case platform::Buttons::YesNoCancel:
+      break;
+    }
+    return platform::Answer::Cancel;
   }
-  return platform::Answer::Cancel;
+  std::optional<std::string> file(const platform::FileQuestion&) override { return std::nullopt; }
+
+ private:
+  bool opensSiblingFiles_;
+};
+
+/// The model and who answers it. Giving back the memory of a large ECU item by item would take longer
+/// than anything else that is left to do at the end, so it stays, reachable for leak checkers.
+struct Model {
+  explicit Model(const Arguments& arguments)
+      : person(arguments.has("--yes")),
+        database({nullptr, &person, nullptr}, siteOf(arguments).CurrentLanguage()) {}
+
+  AbsentPerson person;
+  OmnikorLibXml database;
+};
+
+OmnikorLibXml& makeModel(const Arguments& arguments) {
+  static Model* kept = nullptr;
+  kept = new Model(arguments);
+  return kept->database;
+}
+
+bool isSameFile(const std::string& left, const std::string& right) {
+  std::error_code ignored;
+  return left == right || std::filesystem::equivalent(left, right, ignored);
+}
+
+} // namespace
+
+platform::SiteSettings siteOf(const Arguments& arguments) {
+  platform::SiteStart start;
+  start.site = arguments.value("--site").value_or("");
+  start.language = arguments.value("--lang").value_or("");
+  return platform::SiteSettings(start);
+}
+
+std::optional<std::string> chosenEncoding(const Arguments& arguments) {
+  const auto wanted = arguments.value("--encoding");
+  if (!wanted) return std::nullopt;
+  for (const char* known : {"UTF-8", "UTF-16", "ISO-8859-1", "windows-1252"})
+    if (lowerCase(*wanted) == lowerCase(known)) return known;
+  throw WrongUse("option --encoding: '" + *wanted +
+                 "' is not among UTF-8, UTF-16, ISO-8859-1 and windows-1252");
 }
 
 std::string failureLine(const std::string& file, const Failure& failure) {
-  // One line for one failure, whatever the text holds.
   std::string line = file + ": error " + std::to_string(failure.number) + ": " + failure.text;
   if (!failure.source.empty()) line += " [" + failure.source + "]";
-  return replaceAll(replaceAll(line, "\r\n", "\n"), "\n", "\\n");
+  return line;
 }
 
 Session::Session(const std::string& file, const Arguments& arguments)
-    : file_(file), arguments_(arguments), person_(arguments.has("--yes")),
-      database_(new OmnikorLibXml({nullptr, &person_, nullptr})) {
-  static OmnikorLibXml* kept = nullptr; // still reachable when the process ends
-  kept = database_;
+    : file_(file), arguments_(arguments), database_(&makeModel(arguments)) {
   if (!arguments.has("-v")) return;
-  kept->LibMessage = [this](const std::string& source, const std::string& message) {
-    complain(file_ + ": note: " + message + " [" + source + "]");
+  database_->LibMessage = [file](const std::string& source, const std::string& message) {
+    complain(file + ": note: " + message + " [" + source + "]");
   };
 }
 
@@ -55,41 +109,43 @@ bool Session::load() {
   } catch (const Failure& failure) {
     tell(failure);
   }
-  for (const NotKept& item : database_->report()) {
-    std::string line = file_ + ": not kept: " + item.kind + " " + item.name + " at " + item.path +
-                       ", line " + std::to_string(item.line) + ": " + item.reason;
-    complain(replaceAll(replaceAll(line, "\r\n", "\n"), "\n", "\\n"));
-  }
+  const CMultiLangEx english;
+  for (const NotKept& item : database_->report())
+    complain(file_ + ": not kept: " + loadReportLine(english, item));
   return loaded;
 }
 
 bool Session::prepareSaving() {
-  platform::SiteStart start;
-  start.site = arguments_.value("--site").value_or("");
-  const std::string root = platform::SiteSettings(start).DataRoot();
+  constexpr int fileOfSiblingTool = 2;
   try {
+    if (database_->loadedFromQvr()) throw Failure(fileOfSiblingTool, "", siblingToolRefusal);
+    const std::string root = siteOf(arguments_).DataRoot();
     if (!root.empty()) {
       const SiteParameters site = readSiteParameters(root);
       if (site.xmlEncoding) database_->xmlEncoding = *site.xmlEncoding;
       if (site.xmlStyleSheet) database_->xmlStyleSheet = *site.xmlStyleSheet;
     }
-    if (const auto encoding = arguments_.value("--encoding")) database_->xmlEncoding = *encoding;
+    if (const auto encoding = chosenEncoding(arguments_)) database_->xmlEncoding = *encoding;
+    return true;
   } catch (const Failure& failure) {
     tell(failure);
     return false;
   }
-  return true;
 }
 
 int Session::save() {
-  const std::string output = arguments_.value("-o").value_or(file_);
-  if (database_->loadedFromQvr()) return tell(Failure(1, "", siblingToolRefusal));
+  const std::string input = platform::localPathOf(file_);
+  const std::string output = platform::localPathOf(arguments_.value("-o").value_or(input));
+  const auto makeBackup = [&] {
+    if (isSameFile(input, output) && !copyToBackup(output))
+      throw Failure(FileAccessFailed, "",
+                    "The backup '" + output + ".bak' cannot be written, so nothing is saved");
+  };
   try {
-    if (output == file_) copyToBackup(file_);
-    const EcuSaveResult result = saveEcu(*database_, output);
+    const EcuSaveResult result = saveEcu(*database_, output, makeBackup);
     if (result == EcuSaveResult::Saved) return done;
-    complain(
-        failureLine(output, Failure(1, "", saveResultText(result, language::global(), output))));
+    complain(failureLine(output, Failure(FileAccessFailed, "",
+                                         saveResultText(result, CMultiLangEx(), output))));
     return failed;
   } catch (const Failure& failure) {
     return tell(failure);

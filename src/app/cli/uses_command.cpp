@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/cli/commands.h"
+#include "app/cli/one_line.h"
 #include "app/cli/session.h"
 #include "database/target_walk.h"
 
@@ -8,11 +9,13 @@ namespace kelmar::cli {
 
 namespace {
 
-/// Writes the uses of one name, a line each: kind, where, detail.
+/// Writes the uses of a data and of a request, a line each: kind, where, detail. Names are compared
+/// exactly: these are the uses that a renaming or a deletion would find.
 class Uses {
  public:
-  Uses(const TargetItem& target, const std::string& name, Output& output)
-      : target_(target), name_(name), output_(output) {}
+  Uses(const TargetItem& target, const std::string& data, const std::string& request,
+       Output& output)
+      : target_(target), data_(data), request_(request), output_(output) {}
 
   int count() const { return count_; }
 
@@ -24,12 +27,12 @@ class Uses {
 
  private:
   void line(const char* kind, const std::string& where, const std::string& detail) {
-    output_ << kind << "\t" << where << "\t" << detail << "\n";
+    output_ << kind << "\t" << oneLine(where) << "\t" << oneLine(detail) << "\n";
     ++count_;
   }
 
   void inRequests() {
-    for (const DataPositionItem* position : target_.GetRequestsUsingData(name_)) {
+    for (const DataPositionItem* position : target_.GetRequestsUsingData(data_)) {
       std::string detail = std::string(position->param ? "sent" : "received") + " byte " +
                            std::to_string(position->StartOctet) + " bit " +
                            std::to_string(position->StartBit);
@@ -41,7 +44,7 @@ class Uses {
   void inDevices() {
     if (!target_.Organes()) return;
     for (const OrganeItem* device : *target_.Organes()) {
-      if (const DeviceDataItem* datum = device->GetDeviceDataUsingData(name_))
+      if (const DeviceDataItem* datum = device->GetDeviceDataUsingData(data_))
         line("device data", device->organeName, datum->FlagPanne ? "failure flag" : "information");
       if (device->Tests) {
         for (const TestItem* test : *device->Tests) {
@@ -49,14 +52,15 @@ class Uses {
           inFlags(*device, *test, test->PresentFlag, "present flag");
         }
       }
-      if (device->requestName == name_) line("freeze frame", device->organeName, "request");
+      if (device->requestName == request_)
+        line("freeze frame", device->organeName, "DTC " + std::to_string(device->OrganeDTC));
     }
   }
 
   void inFlags(const OrganeItem& device, const TestItem& test, const FlagPositions& flags,
                const char* kind) {
     for (const DataPositionItem* position : flags) {
-      if (position->dataName == name_)
+      if (position->dataName == data_)
         line(kind, device.organeName, "test " + std::to_string(test.testType));
     }
   }
@@ -72,7 +76,7 @@ class Uses {
       for (const ButtonItem* button : *screen.ButtonItems) {
         if (!button->ScenarioItems) continue;
         for (const ScenarioItem* step : *button->ScenarioItems) {
-          if (step->requestName != name_) continue;
+          if (step->requestName != request_) continue;
           const std::string owner =
               button->InitButton ? std::string("init scenario") : "button " + button->caption;
           line("scenario step", where, owner + ", step " + std::to_string(step->Index));
@@ -83,15 +87,15 @@ class Uses {
 
   void onDisplay(const DisplayItem& display, const std::string& where) {
     if (const auto& data = display.DisplayDataItem) {
-      if (data->dataName == name_) line("display", where, "request " + data->requestName);
-      if (data->requestName == name_) line("display", where, "data " + data->dataName);
+      if (data->dataName == data_) line("display", where, "request " + data->requestName);
+      if (data->requestName == request_) line("display", where, "data " + data->dataName);
     }
-    if (const auto& extra = display.DisplayExtraItem; extra && extra->requestName == name_)
+    if (const auto& extra = display.DisplayExtraItem; extra && extra->requestName == request_)
       line("display", where, extra->param ? "input" : "output");
   }
 
   const TargetItem& target_;
-  const std::string& name_;
+  const std::string data_, request_;
   Output& output_;
   int count_ = 0;
 };
@@ -101,9 +105,16 @@ class Uses {
 int runUses(const Arguments& arguments, Output& output) {
   Session session(arguments.words()[0], arguments);
   if (!session.load()) return failed;
-  Uses uses(session.target(), arguments.words()[1], output);
+  const TargetItem& target = session.target();
+  const std::string& name = arguments.words()[1];
+  // Names are looked up without regard to case; what is not there may be used all the same.
+  const DataItem* data = target.datas() ? target.datas()->ItemName(name) : nullptr;
+  const RequestItem* request = target.Requests() ? target.Requests()->ItemName(name) : nullptr;
+  Uses uses(target, data ? data->dataName() : name, request ? request->requestName : name, output);
   uses.list();
-  return uses.count() > 0 ? done : failed;
+  if (uses.count() > 0) return done;
+  if (!data && !request) session.tell(Failure(1, "", "Data or request '" + name + "' not found"));
+  return failed;
 }
 
 } // namespace kelmar::cli
