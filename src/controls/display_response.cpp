@@ -286,7 +286,7 @@ bool DisplayResponse::event(QEvent* event) {
     event->ignore();
   } else {
     // Of a name, "<" is a letter.
-    QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(tip, Qt::WhiteSpacePre), this,
+    QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal), this,
                        cellRect(static_cast<int>(bit->byte), bit->cell));
   }
   return true;
@@ -294,6 +294,7 @@ bool DisplayResponse::event(QEvent* event) {
 
 void DisplayResponse::mousePressEvent(QMouseEvent* event) {
   pressed_ = bitAt(event->position().toPoint());
+  doubleClick_ = false;
   if (!pressed_) return;
   const FrameBit bit = *pressed_; // listeners may change the frame
   setCurrentBit(static_cast<int>(bit.byte), bit.cell);
@@ -315,18 +316,21 @@ void DisplayResponse::mouseMoveEvent(QMouseEvent* event) {
 void DisplayResponse::mouseReleaseEvent(QMouseEvent* event) {
   if (!pressed_) return;
   const FrameBit bit = *pressed_; // the cell that was pressed has the mouse until then
-  const bool clicked =
-      event->button() == Qt::LeftButton && bitAt(event->position().toPoint()) == pressed_;
+  const bool clicked = event->button() == Qt::LeftButton && !doubleClick_ &&
+                       bitAt(event->position().toPoint()) == pressed_;
   pressed_.reset();
+  doubleClick_ = false;
   emit MouseUp(static_cast<int>(bit.byte), bit.cell, buttonsOf(event->button()),
                shiftOf(event->modifiers()));
   if (clicked) emit Click(static_cast<int>(bit.byte), bit.cell);
 }
 
 void DisplayResponse::mouseDoubleClickEvent(QMouseEvent* event) {
-  const auto bit = bitAt(event->position().toPoint());
-  if (bit && event->button() == Qt::LeftButton)
-    emit DblClick(static_cast<int>(bit->byte), bit->cell);
+  if (event->button() != Qt::LeftButton) return mousePressEvent(event);
+  pressed_ = bitAt(event->position().toPoint());
+  if (!pressed_) return;
+  doubleClick_ = true;
+  emit DblClick(static_cast<int>(pressed_->byte), pressed_->cell);
 }
 
 void DisplayResponse::leaveEvent(QEvent* event) {

@@ -163,6 +163,7 @@ class DisplayResponse : public QWidget {
   bool littleEndian_ = false;
   int currentPlace_ = 0; // over the whole frame, 8 a byte, from the left
   std::optional<FrameBit> hovered_, pressed_;
+  bool doubleClick_ = false; // its second release is no click
 };
 
 } // namespace kelmar
