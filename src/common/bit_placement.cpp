@@ -65,8 +65,9 @@ FrameBit lastBit(const BitPlacement& placement) {
 }
 
 bool overlap(const BitPlacement& one, const BitPlacement& other) {
-  const FrameBit from = std::max(firstBit(one), firstBit(other),
-                                 [](const FrameBit& a, const FrameBit& b) { return a.byte < b.byte; });
+  const FrameBit from =
+      std::max(firstBit(one), firstBit(other),
+               [](const FrameBit& a, const FrameBit& b) { return a.byte < b.byte; });
   const std::int64_t to = std::min(lastBit(one).byte, lastBit(other).byte);
   // Ends soon: a byte within both is covered whole by both.
   for (std::int64_t byte = from.byte; byte <= to; ++byte)

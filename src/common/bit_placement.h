@@ -15,7 +15,8 @@ class CMultiLangEx;
 // stands on the right.
 
 /// A run of bits. From the first one it goes on by rising bit number, and behind bit 7 of a byte at
-/// bit 0 of the next one. Bit k is cell k in little-endian order and cell 7 - k in big-endian order.
+/// bit 0 of the next one. Bit k is cell k in little-endian order and cell 7 - k in big-endian
+/// order.
 struct BitPlacement {
   std::int32_t NumberBits = 0; ///< bits covered; none below 1
   std::int32_t StartByte = 1;  ///< from 1
@@ -32,7 +33,8 @@ struct FrameBit {
   friend bool operator==(const FrameBit&, const FrameBit&) = default;
 };
 
-/// The cells of one byte that the placement covers, bit k of the result being cell k. `byte` from 0.
+/// The cells of one byte that the placement covers, bit k of the result being cell k. `byte` from
+/// 0.
 std::uint8_t coveredCells(const BitPlacement& placement, std::int64_t byte);
 
 bool coversBit(const BitPlacement& placement, const FrameBit& bit);

@@ -26,7 +26,9 @@ bool isClicked(const BitPlacement& placement, const FrameBit& click) {
   return coversBit(placement, click);
 }
 
-int startBitAt(int cell, bool LittleEndian) { return LittleEndian ? cell : 7 - cell; }
+int startBitAt(int cell, bool LittleEndian) {
+  return LittleEndian ? cell : 7 - cell;
+}
 
 std::optional<BitPlacement> toggledEndian(const BitPlacement& placement) {
   if (placement.NumberBits < 1 || placement.NumberBits > 8 ||

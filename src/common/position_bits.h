@@ -28,8 +28,8 @@ bool isClicked(const BitPlacement& placement, const FrameBit& click);
 /// The start bit of a data that is put down on a cell, 0..7.
 int startBitAt(int cell, bool LittleEndian);
 
-/// The same cells in the other order of bits. None for a data of no or more than 8 bits or one that goes
-/// over the end of its byte: such a one stays as it is.
+/// The same cells in the other order of bits. None for a data of no or more than 8 bits or one that
+/// goes over the end of its byte: such a one stays as it is.
 std::optional<BitPlacement> toggledEndian(const BitPlacement& placement);
 
 } // namespace kelmar

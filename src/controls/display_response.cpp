@@ -137,7 +137,9 @@ void DisplayResponse::setNumberBytes(int count) {
   layOut();
 }
 
-void DisplayResponse::setFirstVisibleByte(int index) { hScroll_->setValue(index); }
+void DisplayResponse::setFirstVisibleByte(int index) {
+  hScroll_->setValue(index);
+}
 
 void DisplayResponse::setLittleEndian(bool littleEndian) {
   littleEndian_ = littleEndian;
@@ -150,8 +152,8 @@ void DisplayResponse::setdatas(std::shared_ptr<DisplayRespDatas> placements) {
 }
 
 DisplayRespData* DisplayResponse::AddData(int NumberBits, int StartByte, int OffsetBit,
-                                          bool LittleEndian, const std::string& mark,
-                                          bool selected, const std::string& name) {
+                                          bool LittleEndian, const std::string& mark, bool selected,
+                                          const std::string& name) {
   constexpr const char* routine = "DisplayResponse.AddData";
   if (OffsetBit < 0 || OffsetBit > 7) throw Failure(1, routine, "OffsetBit Out of range");
   if (StartByte < 1 || StartByte > numberBytes_)
@@ -159,7 +161,7 @@ DisplayRespData* DisplayResponse::AddData(int NumberBits, int StartByte, int Off
   if (!datas_) datas_ = std::make_shared<DisplayRespDatas>();
   const std::u32string characters = toCodePoints(trimBlanks(mark));
   DisplayRespData* placed = datas_->Add(NumberBits, StartByte, OffsetBit, LittleEndian, selected,
-                                      fromCodePoints(characters.substr(0, 1)));
+                                        fromCodePoints(characters.substr(0, 1)));
   placed->Name = name;
   changed();
   return placed;
@@ -176,7 +178,9 @@ std::int16_t DisplayResponse::ByteBinaryValue(int index) const {
   return values_[static_cast<std::size_t>(index - 1)];
 }
 
-void DisplayResponse::dropValues() { std::fill(values_.begin(), values_.end(), noByteValue); }
+void DisplayResponse::dropValues() {
+  std::fill(values_.begin(), values_.end(), noByteValue);
+}
 
 void DisplayResponse::clear() {
   dropValues();
@@ -189,7 +193,9 @@ void DisplayResponse::clearData() {
 }
 
 // The bytes shown are computed from values and placements, so nothing else is left to reset.
-void DisplayResponse::ClearAll() { clearData(); }
+void DisplayResponse::ClearAll() {
+  clearData();
+}
 
 void DisplayResponse::Refresh() {
   changed();
@@ -205,8 +211,7 @@ DisplayRespData* DisplayResponse::SelectData(int NumberBits, int StartByte, int 
 }
 
 void DisplayResponse::ModifyPositionData(int NumberBits, int StartByte, int OffsetBit,
-                                         int newStartByte, int newOffsetBit,
-                                         bool newLittleEndian) {
+                                         int newStartByte, int newOffsetBit, bool newLittleEndian) {
   DisplayRespData* placed = datas_ ? datas_->FindItem(NumberBits, StartByte, OffsetBit) : nullptr;
   if (!placed) return;
   placed->StartByte = newStartByte;
@@ -221,8 +226,7 @@ void DisplayResponse::UnselectAllData() {
 }
 
 void DisplayResponse::SetVisibleByte(int StartByte) {
-  hScroll_->setValue(
-      firstVisibleFor(StartByte - 1, firstVisible_, shownBytes(), numberBytes_));
+  hScroll_->setValue(firstVisibleFor(StartByte - 1, firstVisible_, shownBytes(), numberBytes_));
 }
 
 FrameBit DisplayResponse::bitOfPlace(int place) const {

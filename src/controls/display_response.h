@@ -17,9 +17,9 @@ namespace kelmar {
 
 /// Shows one frame as a row of bytes, each as eight bit cells, and paints on them where data lie.
 /// It knows no request and no data item: callers push bytes and placements into it and act on what
-/// it tells of the mouse. The keyboard reaches every bit: arrows go from bit to bit and from byte to
-/// byte, PgUp and PgDn by as many bytes as are seen, Home and End to the ends of the frame; Space
-/// and Enter are a left click, the menu key is a right one.
+/// it tells of the mouse. The keyboard reaches every bit: arrows go from bit to bit and from byte
+/// to byte, PgUp and PgDn by as many bytes as are seen, Home and End to the ends of the frame;
+/// Space and Enter are a left click, the menu key is a right one.
 ///
 /// However long the frame is, only the bytes that are seen cost anything.
 class DisplayResponse : public QWidget {
@@ -44,7 +44,9 @@ class DisplayResponse : public QWidget {
   // Colours are 0xBBGGRR or system colours.
   quint32 BackColor() const { return backColor_; } ///< behind the bytes
   void setBackColor(quint32 colour);
-  quint32 ForeColor() const { return foreColor_; } ///< captions; the text of a cell follows the cell
+  quint32 ForeColor() const {
+    return foreColor_;
+  } ///< captions; the text of a cell follows the cell
   void setForeColor(quint32 colour);
   quint32 DefaultColor() const { return colours_.DefaultColor; }
   void setDefaultColor(quint32 colour);
@@ -112,8 +114,8 @@ class DisplayResponse : public QWidget {
   QSize minimumSizeHint() const override;
 
  signals:
-  // `byte` from 0, `cell` 0..7. `button` is 1 left, 2 right, 4 middle; `shift` is 1 shift, 2 control,
-  // 4 alt, added up. MouseMove has the sum of the buttons that are down.
+  // `byte` from 0, `cell` 0..7. `button` is 1 left, 2 right, 4 middle; `shift` is 1 shift, 2
+  // control, 4 alt, added up. MouseMove has the sum of the buttons that are down.
   void Click(int byte, int cell);
   void DblClick(int byte, int cell);
   void MouseDown(int byte, int cell, int button, int shift);

@@ -43,7 +43,9 @@ void DisplayByteBinary::setvalue(std::string_view bits) {
                        : std::string();
 }
 
-void DisplayByteBinary::setbinaryValue(std::string_view number) { binaryValue_ = toInt32(number); }
+void DisplayByteBinary::setbinaryValue(std::string_view number) {
+  binaryValue_ = toInt32(number);
+}
 
 std::string DisplayByteBinary::LBbyteCaption() const {
   if (binaryValue_ == -1) return ByteCaption;

@@ -56,7 +56,7 @@ class DisplayByteBinary {
   void ClearAll();
 
  private:
-  std::array<std::string, cells> texts_; // by place, from the left
+  std::array<std::string, cells> texts_;                        // by place, from the left
   std::array<std::uint32_t, cells> colours_ = filled(0xFFFFFF); // by cell
   std::string value_;
   std::int32_t binaryValue_ = -1;

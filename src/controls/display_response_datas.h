@@ -15,9 +15,9 @@ struct DisplayRespData {
   std::int32_t StartByte = 1;  ///< from 1
   std::int32_t OffsetBit = 0;  ///< 0..7
   bool LittleEndian = false;
-  std::string Mark = {};       ///< one character, or empty
+  std::string Mark = {}; ///< one character, or empty
   bool Selected = false;
-  std::string Name = {};       ///< of the data, told to whoever points at it
+  std::string Name = {}; ///< of the data, told to whoever points at it
 
   BitPlacement placement() const { return {NumberBits, StartByte, OffsetBit, LittleEndian}; }
   void clear() {}

@@ -16,9 +16,11 @@ constexpr int stripHeight = 6; // pixels; the pattern below the bit that tells i
 
 /// Tells states apart without colour: hatched for a data, filled for a selected one, hatched both
 /// ways or broken where several data lie.
-void paintPattern(QPainter& painter, const QRect& cell, const FrameCellLook& look, const QColor& ink) {
+void paintPattern(QPainter& painter, const QRect& cell, const FrameCellLook& look,
+                  const QColor& ink) {
   if (look.state == FrameCellState::Empty) return;
-  const QRect strip(cell.left() + 2, cell.bottom() - stripHeight, cell.width() - 3, stripHeight - 1);
+  const QRect strip(cell.left() + 2, cell.bottom() - stripHeight, cell.width() - 3,
+                    stripHeight - 1);
   if (look.state == FrameCellState::Selected) {
     painter.setPen(QPen(ink, 1));
     painter.drawRect(cell.adjusted(1, 1, -2, -2));
@@ -48,7 +50,7 @@ void DisplayResponse::paintByte(QPainter& painter, int place, const FrameByte& s
   for (int slot = 0; slot < DisplayByteBinary::cells; ++slot) {
     const int cell = shown.byte.cellAt(slot);
     const QRect box(layout_.cellLeft(place, slot), layout_.cellTop(), layout_.cellWidth,
-                       layout_.cellHeight);
+                    layout_.cellHeight);
     painter.setPen(captions);
     painter.setFont(small);
     painter.drawText(box.adjusted(0, -layout_.numberHeight, 0, -layout_.cellHeight),

@@ -112,11 +112,10 @@ std::string toolTipOfBit(const FrameContent& content, const FrameBit& bit,
   return tip;
 }
 
-std::string nameOfBit(const FrameContent& content, const FrameBit& bit,
-                      const CMultiLangEx& texts) {
-  std::string name = texts.getMultilangMessageDefault(
-      "byte {0} bit {1}", "DISPLAYRESPONSE/MSG/range/oneBit", std::to_string(bit.byte + 1),
-      std::to_string(bit.cell));
+std::string nameOfBit(const FrameContent& content, const FrameBit& bit, const CMultiLangEx& texts) {
+  std::string name =
+      texts.getMultilangMessageDefault("byte {0} bit {1}", "DISPLAYRESPONSE/MSG/range/oneBit",
+                                       std::to_string(bit.byte + 1), std::to_string(bit.cell));
   const auto at = static_cast<std::size_t>(bit.byte);
   if (bit.byte >= 0 && at < content.values.size() && content.values[at] != noByteValue) {
     DisplayByteBinary byte;
@@ -140,7 +139,9 @@ std::uint32_t textColourOn(std::uint32_t cellColour) {
   return luminance > 0.179 ? 0x000000 : white;
 }
 
-int FrameLayout::bytesThatFit(int width) const { return std::max(width / byteWidth(), 1); }
+int FrameLayout::bytesThatFit(int width) const {
+  return std::max(width / byteWidth(), 1);
+}
 
 FramePlace placeAt(const FrameLayout& layout, int x, int y, int shownBytes) {
   if (y < layout.cellTop() || y >= layout.height()) return {};

@@ -17,9 +17,9 @@ namespace kelmar {
 
 /// 0xBBGGRR.
 struct FrameColours {
-  std::uint32_t DefaultColor = 0xFFFFFF;      ///< a bit without data
-  std::uint32_t DataColor = 0xFF0000;         ///< a bit of an unselected data
-  std::uint32_t DataSelectedColor = 65280;    ///< a bit of a selected data
+  std::uint32_t DefaultColor = 0xFFFFFF;   ///< a bit without data
+  std::uint32_t DataColor = 0xFF0000;      ///< a bit of an unselected data
+  std::uint32_t DataSelectedColor = 65280; ///< a bit of a selected data
   friend bool operator==(const FrameColours&, const FrameColours&) = default;
 };
 
@@ -28,7 +28,7 @@ enum class FrameCellState { Empty, Data, Selected };
 
 struct FrameCellLook {
   FrameCellState state = FrameCellState::Empty;
-  bool shared = false; ///< several data lie here
+  bool shared = false;   ///< several data lie here
   std::string mark = {}; ///< of the data on top, on its first bit
   friend bool operator==(const FrameCellLook&, const FrameCellLook&) = default;
 };
@@ -67,7 +67,8 @@ std::vector<DisplayRespData*> datasOnBit(const FrameContent& content, const Fram
 std::string toolTipOfBit(const FrameContent& content, const FrameBit& bit,
                          const CMultiLangEx& texts);
 
-/// The bit itself in words, with what it holds and whose it is: "byte 4 bit 7 = 1, Speed (selected)".
+/// The bit itself in words, with what it holds and whose it is: "byte 4 bit 7 = 1, Speed
+/// (selected)".
 std::string nameOfBit(const FrameContent& content, const FrameBit& bit, const CMultiLangEx& texts);
 
 /// Black or white, whichever can be read on a cell of this colour. 0xBBGGRR.
@@ -76,16 +77,18 @@ std::uint32_t textColourOn(std::uint32_t cellColour);
 /// Places of the view in pixels.
 struct FrameLayout {
   int cellWidth = 16;
-  int byteGap = 10;      ///< between two bytes, also before the first one
+  int byteGap = 10;       ///< between two bytes, also before the first one
   int captionHeight = 16; ///< the line with number and value of the byte
-  int numberHeight = 12; ///< the line with the numbers of the cells
+  int numberHeight = 12;  ///< the line with the numbers of the cells
   int cellHeight = 24;
 
   int byteWidth() const { return cellWidth * DisplayByteBinary::cells + byteGap; }
   int height() const { return captionHeight + numberHeight + cellHeight; }
   /// Bytes that fit in this width, at least 1.
   int bytesThatFit(int width) const;
-  int cellLeft(int place, int slot) const { return byteGap / 2 + place * byteWidth() + slot * cellWidth; }
+  int cellLeft(int place, int slot) const {
+    return byteGap / 2 + place * byteWidth() + slot * cellWidth;
+  }
   int cellTop() const { return captionHeight + numberHeight; }
 };
 
@@ -100,8 +103,8 @@ struct FramePlace {
 /// shown.
 FramePlace placeAt(const FrameLayout& layout, int x, int y, int shownBytes);
 
-/// First byte shown, from 0, so that the byte `index` is seen: the present one when it is, else that
-/// byte, as far as the end of the frame allows.
+/// First byte shown, from 0, so that the byte `index` is seen: the present one when it is, else
+/// that byte, as far as the end of the frame allows.
 int firstVisibleFor(int index, int firstVisible, int shownBytes, int NumberBytes);
 
 /// Moves of the keyboard over the bits of a frame, which are walked as they stand, from the left.

@@ -14,7 +14,9 @@ namespace {
 
 constexpr double largestHexadecimal = 4294967295.0;
 
-bool isDigit(char32_t key) { return key >= U'0' && key <= U'9'; }
+bool isDigit(char32_t key) {
+  return key >= U'0' && key <= U'9';
+}
 
 std::optional<char32_t> decimalCharacter(char32_t key) {
   switch (key) {
@@ -107,8 +109,10 @@ std::string numberText(double value, NumberBase base, int digits) {
 double correctedNumber(double requested, const NumberRules& rules) {
   double value = requested;
   if (rules.RangeChecking) {
-    if (value < rules.Minimum) value = rules.Minimum;
-    else if (value > rules.Maximum) value = rules.Maximum;
+    if (value < rules.Minimum)
+      value = rules.Minimum;
+    else if (value > rules.Maximum)
+      value = rules.Maximum;
   }
   if (rules.Base == NumberBase::Hexadecimal) value = std::clamp(value, 0.0, largestHexadecimal);
   if (rules.Discrete && rules.DiscreteInterval != 0) {

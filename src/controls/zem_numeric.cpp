@@ -76,11 +76,11 @@ ZEMnumeric::ZEMnumeric(QWidget* parent)
   cbBase_->setObjectName("CBBase");
   cbBase_->setText("D");
   cbBase_->setFocusPolicy(Qt::NoFocus);
-  cbBase_->setPopupMode(QToolButton::InstantPopup);
-  cbBase_->setStyleSheet("QToolButton::menu-indicator { image: none; }");
   popupBase_->setObjectName("popupBase");
   buildBaseMenu();
-  cbBase_->setMenu(popupBase_);
+  connect(cbBase_, &QToolButton::clicked, this, [this] {
+    popupBase_->popup(cbBase_->mapToGlobal(cbBase_->rect().bottomLeft()));
+  });
 
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -105,8 +105,9 @@ QToolButton* ZEMnumeric::spinButton(const char* name, Qt::ArrowType arrow, doubl
 }
 
 void ZEMnumeric::buildBaseMenu() {
-  fillMenu(*popupBase_, {{.key = "baseD", .text = "decimal", .kind = MenuEntry::Kind::Check},
-                         {.key = "baseH", .text = "Hexa", .kind = MenuEntry::Kind::Check}},
+  fillMenu(*popupBase_,
+           {{.key = "baseD", .text = "decimal", .kind = MenuEntry::Kind::Check},
+            {.key = "baseH", .text = "Hexa", .kind = MenuEntry::Kind::Check}},
            [this](const MenuEntry& entry) { chooseBase(entry.key == "baseH" ? 1 : 0); });
   connect(popupBase_, &QMenu::aboutToShow, this, &ZEMnumeric::retranslateBaseMenu);
 }
@@ -114,8 +115,8 @@ void ZEMnumeric::buildBaseMenu() {
 void ZEMnumeric::retranslateBaseMenu() {
   const auto& texts = language::global();
   const QList<QAction*> entries = popupBase_->actions();
-  entries[0]->setText(
-      qs(texts.getMultilangMessageDefault("decimal", "ZEMNUMERIC/CONTROLS/popupBase/baseD/caption")));
+  entries[0]->setText(qs(
+      texts.getMultilangMessageDefault("decimal", "ZEMNUMERIC/CONTROLS/popupBase/baseD/caption")));
   entries[1]->setText(
       qs(texts.getMultilangMessageDefault("Hexa", "ZEMNUMERIC/CONTROLS/popupBase/baseH/caption")));
   entries[0]->setChecked(Base() == 0);
@@ -148,10 +149,18 @@ void ZEMnumeric::setNumberDigit(int digits) {
   Refresh();
 }
 
-bool ZEMnumeric::IncDecButtonVisible() const { return !upDownNum_->isHidden(); }
-void ZEMnumeric::setIncDecButtonVisible(bool visible) { upDownNum_->setVisible(visible); }
-bool ZEMnumeric::BaseButtonVisible() const { return !cbBase_->isHidden(); }
-void ZEMnumeric::setBaseButtonVisible(bool visible) { cbBase_->setVisible(visible); }
+bool ZEMnumeric::IncDecButtonVisible() const {
+  return !upDownNum_->isHidden();
+}
+void ZEMnumeric::setIncDecButtonVisible(bool visible) {
+  upDownNum_->setVisible(visible);
+}
+bool ZEMnumeric::BaseButtonVisible() const {
+  return !cbBase_->isHidden();
+}
+void ZEMnumeric::setBaseButtonVisible(bool visible) {
+  cbBase_->setVisible(visible);
+}
 
 void ZEMnumeric::setMaxLength(int characters) {
   maxLength_ = std::max(characters, 0);
@@ -199,8 +208,12 @@ void ZEMnumeric::setForeColor(quint32 colour) {
   applyColours();
 }
 
-QString ZEMnumeric::text() const { return textNum_->text(); }
-void ZEMnumeric::settext(const QString& text) { textNum_->setText(text); }
+QString ZEMnumeric::text() const {
+  return textNum_->text();
+}
+void ZEMnumeric::settext(const QString& text) {
+  textNum_->setText(text);
+}
 
 double ZEMnumeric::valueOfText() const {
   const auto typed = readNumber(u8(text()), rules_.Base);
@@ -211,8 +224,7 @@ double ZEMnumeric::valueOfText() const {
 void ZEMnumeric::Refresh() {
   const QString shown = qs(numberText(value_, rules_.Base, numberDigit_));
   // A longer text than can be typed is shown whole all the same.
-  if (maxLength_ > 0)
-    textNum_->setMaxLength(std::max(maxLength_, static_cast<int>(shown.size())));
+  if (maxLength_ > 0) textNum_->setMaxLength(std::max(maxLength_, static_cast<int>(shown.size())));
   if (shown != textNum_->text()) textNum_->setText(shown);
 }
 
@@ -229,7 +241,9 @@ void ZEMnumeric::commitText() {
   }
 }
 
-void ZEMnumeric::selectAll() { textNum_->selectAll(); }
+void ZEMnumeric::selectAll() {
+  textNum_->selectAll();
+}
 
 void ZEMnumeric::spin(double sign) {
   commitText();

@@ -17,7 +17,9 @@ void PrintTo(const BitPlacement& placement, std::ostream* out) {
   *out << placement.NumberBits << " bits from byte " << placement.StartByte << " bit "
        << placement.OffsetBit << (placement.LittleEndian ? " little" : " big");
 }
-void PrintTo(const FrameBit& bit, std::ostream* out) { *out << bit.byte << "/" << bit.cell; }
+void PrintTo(const FrameBit& bit, std::ostream* out) {
+  *out << bit.byte << "/" << bit.cell;
+}
 } // namespace kelmar
 
 namespace {
@@ -88,7 +90,8 @@ TEST(BitPlacementTest, ADataWithoutBitsCoversNothing) {
 
 TEST(BitPlacementTest, TheFrameCutsWhatRunsOverItsEndAndWhatLiesBeforeIt) {
   EXPECT_EQ(coveredBits({12, 2, 0, false}, 2).size(), 8u);
-  EXPECT_EQ(coveredBits({12, 0, 0, true}, 2), (std::vector<FrameBit>{{0, 0}, {0, 1}, {0, 2}, {0, 3}}));
+  EXPECT_EQ(coveredBits({12, 0, 0, true}, 2),
+            (std::vector<FrameBit>{{0, 0}, {0, 1}, {0, 2}, {0, 3}}));
   EXPECT_TRUE(coveredBits({12, 3, 0, false}, 2).empty());
   EXPECT_TRUE(coveredBits({12, 1, 0, false}, 0).empty());
 }

@@ -94,10 +94,17 @@ TEST_F(DisplayResponseTest, StartsWithTheValuesOfItsProperties) {
 
 TEST_F(DisplayResponseTest, Properties_HaveTheirPersistedNames) {
   const std::pair<const char*, QVariant> table[] = {
-      {"BackColor", 1u},         {"ForeColor", 2u},          {"Enabled", false},
-      {"DefaultColor", 3u},      {"DataColor", 4u},          {"DataOverWriteColor", 5u},
-      {"DataSelectedColor", 6u}, {"NumberBytes", 100},       {"FirstVisibleByte", 7},
-      {"LittleEndian", true},    {"Font", QFont("DejaVu Serif", 13)},
+      {"BackColor", 1u},
+      {"ForeColor", 2u},
+      {"Enabled", false},
+      {"DefaultColor", 3u},
+      {"DataColor", 4u},
+      {"DataOverWriteColor", 5u},
+      {"DataSelectedColor", 6u},
+      {"NumberBytes", 100},
+      {"FirstVisibleByte", 7},
+      {"LittleEndian", true},
+      {"Font", QFont("DejaVu Serif", 13)},
   };
   for (const auto& [name, value] : table) {
     EXPECT_TRUE(view.setProperty(name, value)) << name << " is a dynamic property";
@@ -306,10 +313,10 @@ TEST_F(DisplayResponseTest, Keyboard_ReachesEveryBit) {
     const char* bit;
     int firstVisible;
   } walk[] = {
-      {Qt::Key_Left, "0/7", 0},     {Qt::Key_Right, "0/6", 0},   {Qt::Key_Down, "1/6", 0},
-      {Qt::Key_Up, "0/6", 0},       {Qt::Key_End, "9/0", 6},     {Qt::Key_Right, "9/0", 6},
+      {Qt::Key_Left, "0/7", 0},     {Qt::Key_Right, "0/6", 0},    {Qt::Key_Down, "1/6", 0},
+      {Qt::Key_Up, "0/6", 0},       {Qt::Key_End, "9/0", 6},      {Qt::Key_Right, "9/0", 6},
       {Qt::Key_PageUp, "5/0", 5},   {Qt::Key_PageDown, "9/0", 6}, {Qt::Key_Home, "0/7", 0},
-      {Qt::Key_PageDown, "4/7", 1}, {Qt::Key_Left, "3/0", 1},    {Qt::Key_Right, "4/7", 1},
+      {Qt::Key_PageDown, "4/7", 1}, {Qt::Key_Left, "3/0", 1},     {Qt::Key_Right, "4/7", 1},
   };
   for (const auto& step : walk) {
     press(view, step.key);

@@ -248,8 +248,9 @@ TEST_F(FrameCellsTest, RandomPlacementsArePaintedAsStepByStep) {
         int b = data->StartByte - 1, k = data->OffsetBit;
         if (b < 0 || b >= content.NumberBytes) continue;
         for (int step = 0; step < data->NumberBits && b < content.NumberBytes; ++step) {
-          painted[static_cast<std::size_t>(b)][static_cast<std::size_t>(data->LittleEndian ? k : 7 - k)] =
-              selected ? green : blue;
+          painted[static_cast<std::size_t>(b)]
+                 [static_cast<std::size_t>(data->LittleEndian ? k : 7 - k)] =
+                     selected ? green : blue;
           if (++k == 8) {
             k = 0;
             ++b;
@@ -301,8 +302,8 @@ TEST(FrameLayoutTest, BytesThatFit_AtLeastOne) {
 }
 
 TEST(FrameLayoutTest, PlaceAt_FindsCellsToThePixel) {
-  const FrameLayout layout{.cellWidth = 10, .byteGap = 20, .captionHeight = 16, .numberHeight = 4,
-                           .cellHeight = 30};
+  const FrameLayout layout{
+      .cellWidth = 10, .byteGap = 20, .captionHeight = 16, .numberHeight = 4, .cellHeight = 30};
   for (int place = 0; place < 3; ++place)
     for (int slot = 0; slot < 8; ++slot)
       for (const int pixel : {0, 9}) {
@@ -337,10 +338,10 @@ TEST(FrameLayoutTest, MovedPlace_StaysInTheFrame) {
     BitMove move;
     int to;
   } table[] = {
-      {0, BitMove::Left, 0},       {0, BitMove::Right, 1},      {7, BitMove::Right, 8},
-      {9, BitMove::ByteBack, 1},   {3, BitMove::ByteBack, 0},   {1, BitMove::ByteOn, 9},
-      {1, BitMove::PageOn, 33},    {79, BitMove::PageOn, 79},   {40, BitMove::PageBack, 8},
-      {40, BitMove::First, 0},     {40, BitMove::Last, 79},     {79, BitMove::Right, 79},
+      {0, BitMove::Left, 0},     {0, BitMove::Right, 1},    {7, BitMove::Right, 8},
+      {9, BitMove::ByteBack, 1}, {3, BitMove::ByteBack, 0}, {1, BitMove::ByteOn, 9},
+      {1, BitMove::PageOn, 33},  {79, BitMove::PageOn, 79}, {40, BitMove::PageBack, 8},
+      {40, BitMove::First, 0},   {40, BitMove::Last, 79},   {79, BitMove::Right, 79},
   };
   for (const auto& row : table)
     EXPECT_EQ(movedPlace(row.from, row.move, 4, 10), row.to) << row.from;

@@ -71,11 +71,24 @@ TEST(NumberEntryTest, Read_DecimalTextsAreNumbersAsAWhole) {
     const char* text;
     std::optional<double> value;
   } table[] = {
-      {"1,5", 1.5},      {"1.5", 1.5},      {" 12 ", 12},        {"-3", -3},
-      {"+3", 3},         {",5", 0.5},       {"1E3", 1000},       {"1E-05", 0.00001},
-      {"", std::nullopt}, {" ", std::nullopt}, {"-", std::nullopt}, {"1E", std::nullopt},
-      {"1,2,3", std::nullopt}, {"1.2,3", std::nullopt}, {"12x", std::nullopt},
-      {"1E400", std::nullopt}, {"inf", std::nullopt}, {"nan", std::nullopt},
+      {"1,5", 1.5},
+      {"1.5", 1.5},
+      {" 12 ", 12},
+      {"-3", -3},
+      {"+3", 3},
+      {",5", 0.5},
+      {"1E3", 1000},
+      {"1E-05", 0.00001},
+      {"", std::nullopt},
+      {" ", std::nullopt},
+      {"-", std::nullopt},
+      {"1E", std::nullopt},
+      {"1,2,3", std::nullopt},
+      {"1.2,3", std::nullopt},
+      {"12x", std::nullopt},
+      {"1E400", std::nullopt},
+      {"inf", std::nullopt},
+      {"nan", std::nullopt},
   };
   for (const auto& row : table)
     EXPECT_EQ(readNumber(row.text, D), row.value) << '"' << row.text << '"';
@@ -86,11 +99,21 @@ TEST(NumberEntryTest, Read_HexadecimalTextsHaveAllTheirBits) {
     const char* text;
     std::optional<double> value;
   } table[] = {
-      {"FF", 255},           {"ff", 255},          {" 1A ", 26},
-      {"7FFFFFFF", 2147483647.0}, {"80000000", 2147483648.0}, {"FFFFFFFF", 4294967295.0},
-      {"FFFF", 65535},       {"100000000", 4294967296.0}, {"-1", -1},
-      {"00000000000001", 1}, {"", std::nullopt},   {"-", std::nullopt},
-      {"G", std::nullopt},   {"1,5", std::nullopt}, {"&HFF", std::nullopt},
+      {"FF", 255},
+      {"ff", 255},
+      {" 1A ", 26},
+      {"7FFFFFFF", 2147483647.0},
+      {"80000000", 2147483648.0},
+      {"FFFFFFFF", 4294967295.0},
+      {"FFFF", 65535},
+      {"100000000", 4294967296.0},
+      {"-1", -1},
+      {"00000000000001", 1},
+      {"", std::nullopt},
+      {"-", std::nullopt},
+      {"G", std::nullopt},
+      {"1,5", std::nullopt},
+      {"&HFF", std::nullopt},
       {"1 2", std::nullopt},
   };
   for (const auto& row : table)
@@ -112,11 +135,18 @@ TEST(NumberEntryTest, Text_HexadecimalOfAnySizeAndCutToItsDigits) {
     int digits;
     const char* text;
   } table[] = {
-      {0, 0, "0"},          {255, 0, "FF"},       {26, 4, "001A"},      {0x12345, 4, "2345"},
-      {26.9, 0, "1A"},      {0, 2, "00"},         {4294967295.0, 0, "FFFFFFFF"},
-      {2147483648.0, 8, "80000000"},              {1099511627775.0, 0, "FFFFFFFFFF"},
+      {0, 0, "0"},
+      {255, 0, "FF"},
+      {26, 4, "001A"},
+      {0x12345, 4, "2345"},
+      {26.9, 0, "1A"},
+      {0, 2, "00"},
+      {4294967295.0, 0, "FFFFFFFF"},
+      {2147483648.0, 8, "80000000"},
+      {1099511627775.0, 0, "FFFFFFFFFF"},
       {26, 20, "000000001A"}, // never more than eight zeros in front
-      {-1, 0, "-1"},        {-0.5, 0, "0"},
+      {-1, 0, "-1"},
+      {-0.5, 0, "0"},
   };
   for (const auto& row : table)
     EXPECT_EQ(numberText(row.value, H, row.digits), row.text) << row.value;
@@ -153,20 +183,22 @@ TEST(NumberEntryTest, Correct_HexadecimalHas32BitsWithoutSign) {
   EXPECT_EQ(correctedNumber(4294967296.0, rules), 4294967295.0);
   EXPECT_EQ(correctedNumber(2147483648.0, rules), 2147483648.0);
   // The base has the last word over a negative limit.
-  EXPECT_EQ(correctedNumber(-8, {.RangeChecking = true, .Minimum = -5, .Maximum = 5, .Base = H}), 0);
+  EXPECT_EQ(correctedNumber(-8, {.RangeChecking = true, .Minimum = -5, .Maximum = 5, .Base = H}),
+            0);
 }
 
 TEST(NumberEntryTest, Correct_TheGridComesLastAndMayLeaveTheLimits) {
   const NumberRules eights{.Discrete = true, .DiscreteInterval = 8};
   EXPECT_EQ(correctedNumber(13, eights), 16);
   EXPECT_EQ(correctedNumber(11, eights), 8);
-  EXPECT_EQ(correctedNumber(4, eights), 0);  // halfway to the even multiple
+  EXPECT_EQ(correctedNumber(4, eights), 0); // halfway to the even multiple
   EXPECT_EQ(correctedNumber(12, eights), 16);
   EXPECT_EQ(correctedNumber(-13, eights), -16);
   EXPECT_EQ(correctedNumber(7, {.Discrete = true, .DiscreteBase = 1, .DiscreteInterval = 4}), 9);
-  EXPECT_EQ(correctedNumber(99, {.RangeChecking = true, .Maximum = 13, .Discrete = true,
-                                 .DiscreteInterval = 8}),
-            16);
+  EXPECT_EQ(
+      correctedNumber(
+          99, {.RangeChecking = true, .Maximum = 13, .Discrete = true, .DiscreteInterval = 8}),
+      16);
   EXPECT_EQ(correctedNumber(13, {.Discrete = true, .DiscreteInterval = 0}), 13);
   EXPECT_EQ(correctedNumber(1e308, {.Discrete = true, .DiscreteInterval = 1e-300}), 1e308);
 }

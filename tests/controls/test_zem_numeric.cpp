@@ -273,8 +273,7 @@ TEST_F(ZEMnumericTest, PopupBase_SetsTheBaseAndMarksThePresentOne) {
     EXPECT_EQ(menu->actions()[1]->text().toStdString(), "Hexa");
     EXPECT_TRUE(menu->actions()[0]->isChecked());
     EXPECT_FALSE(menu->actions()[1]->isChecked());
-    QTest::mouseClick(menu, Qt::LeftButton, {},
-                      menu->actionGeometry(menu->actions()[1]).center());
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions()[1]).center());
   });
   click(usable<QToolButton>(*field, "CBBase"));
   ASSERT_TRUE(waitUntil([&] { return field->Base() == 1; }));
@@ -300,9 +299,8 @@ TEST_F(ZEMnumericTest, Keys_AndFocusArePassedOnBeforeTheFieldActs) {
   QObject::connect(field, &ZEMnumeric::KeyDown, [&](int key, int shift) {
     order << QString("down %1 %2").arg(QChar(key < 0x100 ? key : '#')).arg(shift);
   });
-  QObject::connect(field, &ZEMnumeric::KeyPress, [&](int character) {
-    order << QString("press %1").arg(character);
-  });
+  QObject::connect(field, &ZEMnumeric::KeyPress,
+                   [&](int character) { order << QString("press %1").arg(character); });
   QObject::connect(field, &ZEMnumeric::KeyUp, [&](int key, int) {
     order << QString("up %1").arg(QChar(key < 0x100 ? key : '#'));
   });
@@ -377,13 +375,27 @@ TEST_F(ZEMnumericTest, MaxLength_LimitsTypingAndCutsNoValue) {
 
 TEST_F(ZEMnumericTest, Properties_HaveTheirPersistedNames) {
   const std::pair<const char*, QVariant> table[] = {
-      {"Value", 12.0},        {"Maximum", 99.0},         {"Minimum", -3.0},
-      {"RangeChecking", true}, {"Base", 1},              {"NumberDigit", 3},
-      {"Increment", 0.5},     {"IncDecButtonVisible", false}, {"BaseButtonVisible", false},
-      {"Discrete", true},     {"DiscreteBase", 2.0},     {"DiscreteInterval", 10.0},
-      {"MaxLength", 6},       {"Alignment", 2},          {"FontSize", 14.0},
-      {"FontName", "DejaVu Serif"}, {"FontItalic", true}, {"FontBold", true},
-      {"BackColor", 0x00FFFFu}, {"ForeColor", 255u},     {"Enabled", false},
+      {"Value", 12.0},
+      {"Maximum", 99.0},
+      {"Minimum", -3.0},
+      {"RangeChecking", true},
+      {"Base", 1},
+      {"NumberDigit", 3},
+      {"Increment", 0.5},
+      {"IncDecButtonVisible", false},
+      {"BaseButtonVisible", false},
+      {"Discrete", true},
+      {"DiscreteBase", 2.0},
+      {"DiscreteInterval", 10.0},
+      {"MaxLength", 6},
+      {"Alignment", 2},
+      {"FontSize", 14.0},
+      {"FontName", "DejaVu Serif"},
+      {"FontItalic", true},
+      {"FontBold", true},
+      {"BackColor", 0x00FFFFu},
+      {"ForeColor", 255u},
+      {"Enabled", false},
   };
   for (const auto& [name, value] : table) {
     EXPECT_TRUE(field->setProperty(name, value)) << name << " is a dynamic property";
