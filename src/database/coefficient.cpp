@@ -10,19 +10,17 @@ bool Coefficient::needsDecimal(double value) {
   return doubleToPlainText(value).find("E-") != std::string::npos;
 }
 
-Coefficient::Coefficient(double value) : value_(value) {
-  if (needsDecimal(value)) decimal_ = std::make_shared<const Decimal>(value);
-}
+Coefficient::Coefficient(double value) : value_(value), isDecimal_(needsDecimal(value)) {}
 
 Coefficient Coefficient::asDecimal(double value) {
   Coefficient coefficient;
-  coefficient.decimal_ = std::make_shared<const Decimal>(value);
-  coefficient.value_ = coefficient.decimal_->toDouble();
+  coefficient.value_ = Decimal(value).toDouble();
+  coefficient.isDecimal_ = true;
   return coefficient;
 }
 
 std::string Coefficient::toNumberText() const {
-  return decimal_ ? NumberToText(*decimal_) : NumberToText(value_);
+  return isDecimal_ ? NumberToText(Decimal(value_)) : NumberToText(value_);
 }
 
 } // namespace kelmar

@@ -4,7 +4,6 @@
 
 #include "base/conversions.h"
 
-#include <memory>
 #include <string>
 
 namespace kelmar {
@@ -22,7 +21,7 @@ class Coefficient {
   static bool needsDecimal(double value);
 
   double value() const { return value_; }
-  bool isDecimal() const { return decimal_ != nullptr; }
+  bool isDecimal() const { return isDecimal_; }
   /// The number text of the file, with its leading blank.
   std::string toNumberText() const;
 
@@ -30,7 +29,7 @@ class Coefficient {
 
  private:
   double value_ = 0.0;
-  std::shared_ptr<const Decimal> decimal_;
+  bool isDecimal_ = false; // the decimal of the value; no second copy of it is kept
 };
 
 } // namespace kelmar

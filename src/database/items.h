@@ -7,8 +7,9 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,15 +29,43 @@ class FoldedKey {
   std::string_view view_;
 };
 
-/// Key of a named item in a collection that keys by name.
-inline std::string keyOfName(std::string_view name) { return "k" + std::string(name); }
+/// The folded key of a member: one block of just its size, or nothing. Its text stays where it is
+/// when the key is moved.
+class StoredKey {
+ public:
+  StoredKey() = default;
+  explicit StoredKey(std::string_view text) : bytes_(new char[headSize + text.size()]) {
+    const std::size_t size = text.size();
+    std::memcpy(bytes_.get(), &size, headSize);
+    text.copy(bytes_.get() + headSize, size);
+  }
+  explicit operator bool() const { return bytes_ != nullptr; }
+  /// There must be a key.
+  std::string_view view() const {
+    std::size_t size = 0;
+    std::memcpy(&size, bytes_.get(), headSize);
+    return {bytes_.get() + headSize, size};
+  }
 
-/// The ordered keyed collection behind every `...Items` class: 1-based positions, optional keys that
-/// are compared without regard to case (Unicode case folding), key lookup in constant time.
+ private:
+  static constexpr std::size_t headSize = sizeof(std::size_t);
+  std::unique_ptr<char[]> bytes_;
+};
+
+/// Key of a named item in a collection that keys by name.
+inline std::string keyOfName(std::string_view name) {
+  return "k" + std::string(name);
+}
+
+/// The ordered keyed collection behind every `...Items` class: 1-based positions, optional keys
+/// that are compared without regard to case (Unicode case folding), key lookup in constant time.
 ///
 /// The collection owns its members; whoever needs a member beyond its stay shares it (`shared`).
 /// Members must not be added or removed while iterating; `members()` gives a copy for that.
-template <class T> class Items {
+template <class T>
+class Items {
+  struct Entry;
+
  public:
   using Pointer = std::shared_ptr<T>;
 
@@ -59,9 +88,7 @@ template <class T> class Items {
   }
   /// By key, none when absent. Never fails.
   T* findKey(std::string_view key) const {
-    if (!keys_) return nullptr;
-    T* const* found = keys_->index.find(FoldedKey(key).view());
-    return found ? *found : nullptr;
+    return hasKeys_ ? findFolded(FoldedKey(key).view()) : nullptr;
   }
 
   /// Position of this very object, 0 when it is not a member.
@@ -77,7 +104,8 @@ template <class T> class Items {
   std::vector<Pointer> members() const {
     std::vector<Pointer> copy;
     copy.reserve(entries_.size());
-    for (const Entry& entry : entries_) copy.push_back(entry.item);
+    for (const Entry& entry : entries_)
+      copy.push_back(entry.item);
     return copy;
   }
 
@@ -96,7 +124,8 @@ template <class T> class Items {
     if (const int position = indexOf(item); position != 0) take(position)->clear();
   }
   /// Clears and removes all members that answer true, in one pass.
-  template <class Predicate> void deleteIf(Predicate predicate) {
+  template <class Predicate>
+  void deleteIf(Predicate predicate) {
     auto keep = entries_.begin();
     for (auto entry = entries_.begin(); entry != entries_.end(); ++entry) {
       if (predicate(*entry->item)) {
@@ -111,17 +140,25 @@ template <class T> class Items {
   }
   /// Clears and removes all members, from the front.
   void clear() {
-    for (const Entry& entry : entries_) entry.item->clear();
-    keys_.reset();
+    for (const Entry& entry : entries_)
+      entry.item->clear();
+    index_.reset();
+    hasKeys_ = false;
     entries_.clear();
+  }
+
+  /// The keys, folded, in no order.
+  template <class Visit>
+  void forEachKey(Visit visit) const {
+    for (const Entry& entry : entries_)
+      if (entry.key) visit(std::string_view(*entry.key));
   }
 
   class Iterator {
    public:
     using difference_type = std::ptrdiff_t;
     using value_type = T*;
-    explicit Iterator(const typename std::vector<typename Items::Entry>::const_iterator& at)
-        : at_(at) {}
+    explicit Iterator(const typename std::vector<Entry>::const_iterator& at) : at_(at) {}
     T* operator*() const { return at_->item.get(); }
     Iterator& operator++() {
       ++at_;
@@ -131,30 +168,27 @@ template <class T> class Items {
     bool operator!=(const Iterator& other) const { return at_ != other.at_; }
 
    private:
-    typename std::vector<typename Items::Entry>::const_iterator at_;
+    typename std::vector<Entry>::const_iterator at_;
   };
   Iterator begin() const { return Iterator(entries_.begin()); }
   Iterator end() const { return Iterator(entries_.end()); }
 
  protected:
-  T* append(Pointer item) {
-    entries_.push_back({std::move(item), nullptr});
-    return entries_.back().item.get();
-  }
+  T* append(Pointer item) { return place(entries_.size(), Entry{std::move(item), {}}); }
   /// Raises KeyExists and adds nothing when the key is taken.
   T* append(Pointer item, std::string_view key) {
-    return insert(entries_.size(), std::move(item), key);
+    return insertKeyed(entries_.size(), std::move(item), key);
   }
   /// In front of the member at `position`, 1..Count. Raises KeyExists.
   T* insertBefore(int position, Pointer item, std::string_view key) {
-    return insert(static_cast<std::size_t>(position - 1), std::move(item), key);
+    return insertKeyed(static_cast<std::size_t>(position - 1), std::move(item), key);
   }
   T* insertBefore(int position, Pointer item) {
-    auto entry = entries_.insert(entries_.begin() + (position - 1), Entry{std::move(item), nullptr});
-    return entry->item.get();
+    return place(static_cast<std::size_t>(position - 1), Entry{std::move(item), {}});
   }
   /// Renews the order of the members.
-  template <class Less> void stableSort(Less less) {
+  template <class Less>
+  void stableSort(Less less) {
     std::stable_sort(entries_.begin(), entries_.end(), [&](const Entry& left, const Entry& right) {
       return less(*left.item, *right.item);
     });
@@ -164,53 +198,54 @@ template <class T> class Items {
  private:
   struct Entry {
     Pointer item;
-    std::string* key; // in keys_; none for a member without key
+    StoredKey key; // empty for a member without one
   };
 
-  /// The index does not copy its names: they live here, where they do not move.
-  struct Keys {
-    NameIndex<T*> index;
-    std::deque<std::string> names;
-    std::vector<std::string*> freeNames;
+  /// Up to so many members a look at each is as fast as an index, and there are very many small
+  /// collections.
+  static constexpr std::size_t withoutIndex = 8;
 
-    std::string* keep(std::string_view name) {
-      if (freeNames.empty()) return &names.emplace_back(name);
-      std::string* kept = freeNames.back();
-      freeNames.pop_back();
-      kept->assign(name);
-      return kept;
+  T* findFolded(std::string_view key) const {
+    if (index_) {
+      T* const* found = index_->find(key);
+      return found ? *found : nullptr;
     }
-  };
-
-  T* insert(std::size_t at, Pointer item, std::string_view key) {
+    for (const Entry& entry : entries_)
+      if (entry.key && entry.key.view() == key) return entry.item.get();
+    return nullptr;
+  }
+  T* insertKeyed(std::size_t at, Pointer item, std::string_view key) {
     const FoldedKey folded(key);
-    T* raw = item.get();
-    if (!keys_) keys_ = std::make_unique<Keys>();
-    if (keys_->index.contains(folded.view())) throw platformFailure(KeyExists);
-    std::string* kept = keys_->keep(folded.view());
-    keys_->index.insert(*kept, raw);
-    if (at == entries_.size()) {
-      entries_.push_back({std::move(item), kept});
-    } else {
-      entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(at),
-                      Entry{std::move(item), kept});
+    if (findFolded(folded.view())) throw platformFailure(KeyExists);
+    hasKeys_ = true;
+    return place(at, Entry{std::move(item), StoredKey(folded.view())});
+  }
+  T* place(std::size_t at, Entry entry) {
+    const auto placed =
+        entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(at), std::move(entry));
+    if (index_) {
+      if (placed->key) index_->insert(placed->key.view(), placed->item.get());
+    } else if (hasKeys_ && entries_.size() > withoutIndex) {
+      index_ = std::make_unique<NameIndex<T*>>();
+      for (const Entry& each : entries_)
+        if (each.key) index_->insert(each.key.view(), each.item.get());
     }
-    return raw;
+    return placed->item.get();
   }
   void dropKey(const Entry& entry) {
-    if (!entry.key) return;
-    keys_->index.erase(*entry.key);
-    keys_->freeNames.push_back(entry.key);
+    if (index_ && entry.key) index_->erase(entry.key.view());
   }
 
   std::vector<Entry> entries_;
-  std::unique_ptr<Keys> keys_; // most collections never have a key
+  std::unique_ptr<NameIndex<T*>> index_; // of the keys in entries_
+  bool hasKeys_ = false;
 };
 
-/// Position behind which a rough insertion puts a member: the last one that sorts after it, found by
-/// a scan without early exit, 0 when there is none. The lists are kept roughly ordered by this rule,
-/// not strictly: (a, c, d) receiving b becomes (a, c, b, d).
-template <class Collection, class After> int roughPosition(const Collection& items, After after) {
+/// Position behind which a rough insertion puts a member: the last one that sorts after it, found
+/// by a scan without early exit, 0 when there is none. The lists are kept roughly ordered by this
+/// rule, not strictly: (a, c, d) receiving b becomes (a, c, b, d).
+template <class Collection, class After>
+int roughPosition(const Collection& items, After after) {
   int position = 0, index = 0;
   for (auto* item : items) {
     ++index;

@@ -111,6 +111,7 @@ TargetItem* OmnikorLibXml::NewTarget() {
   loadFailed_ = false;
   loadedFromQvr_ = false;
   report_.clear();
+  expectedSize_ = 0;
   return ActiveTarget.get();
 }
 

@@ -81,7 +81,7 @@ struct Document::Source {
   pugi::xml_document tree;
   LineTable lines;
   NodeLines nodeLines;
-  bool large = false;
+  std::size_t size = 0;
   std::optional<std::size_t> depth; // as far as the quick look knows
 
   ~Source() {
@@ -89,7 +89,7 @@ struct Document::Source {
     text = {};
     fileBytes.reset();
     // The pages of the tree are small blocks, which the allocator would keep for later.
-    if (large) ::malloc_trim(0);
+    if (size >= largeFile) ::malloc_trim(0);
   }
 
   // Bytes of the file whose nodes are gone: those of the first children of one element, up to the
@@ -135,16 +135,16 @@ struct Document::Source {
   }
 
   // Parses what has been or is being judged; the text is used up.
-  bool parseInPlace(char* bytes, std::size_t size, Whitespace whitespace) {
-    large = size >= largeFile;
-    const std::string_view view(bytes, size);
+  bool parseInPlace(char* bytes, std::size_t length, Whitespace whitespace) {
+    size = length;
+    const std::string_view view(bytes, length);
     lines = LineTable(view);
     const MarkupScan scan = scanMarkup(view);
     depth = scan.depth;
     const bool keep = whitespace == Whitespace::Keep || scan.whiteSpaceMatters;
     const unsigned flags =
         parseFlags | (keep ? pugi::parse_ws_pcdata : pugi::parse_ws_pcdata_single);
-    return static_cast<bool>(tree.load_buffer_inplace(bytes, size, flags, pugi::encoding_utf8));
+    return static_cast<bool>(tree.load_buffer_inplace(bytes, length, flags, pugi::encoding_utf8));
   }
 };
 
@@ -228,7 +228,7 @@ bool Document::loadText(std::string text, std::size_t markLength, Whitespace whi
   if (!judge.needsEvents()) return fail(judge.error());
 
   EventTree events(limits_, view.size(), source_->tree, source_->nodeLines);
-  source_->large = view.size() >= largeFile;
+  source_->size = view.size();
   return events.run(view) || fail(events.error());
 }
 
@@ -308,6 +308,10 @@ bool Document::loadFile(const std::string& path, Whitespace whitespace, const Re
   // A DTD, or a file that fails or changes while it is read: one after the other, from one read.
   source_ = std::make_unique<Source>();
   return loadWhole();
+}
+
+std::size_t Document::sourceSize() const {
+  return source_ ? source_->size : 0;
 }
 
 Node Document::node() const {

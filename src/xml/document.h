@@ -88,6 +88,9 @@ class Document {
 
   const ParseError& parseError() const { return error_; }
 
+  /// Bytes of the source, as UTF-8 and without its mark; 0 when the document is empty.
+  std::size_t sourceSize() const;
+
   /// The document node; its child is the root element.
   Node node() const;
   /// The root element; null when the document is empty.
