@@ -151,7 +151,7 @@ class Items {
   template <class Visit>
   void forEachKey(Visit visit) const {
     for (const Entry& entry : entries_)
-      if (entry.key) visit(std::string_view(*entry.key));
+      if (entry.key) visit(entry.key.view());
   }
 
   class Iterator {
