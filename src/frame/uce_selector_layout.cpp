@@ -5,6 +5,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "frame/ecu_selector.h"
+#include "frame/rules/ecu_head_text.h"
 #include "frame/uce_selector_fields.h"
 #include "frame/uce_selector_parts.h"
 #include "frame/uctl_new_ecu_addr.h"
@@ -23,6 +24,8 @@
 #include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
+
+#include <array>
 
 namespace kelmar {
 
@@ -49,7 +52,19 @@ void nameByLabels(QWidget& page) {
     if (label->buddy()) label->buddy()->setAccessibleName(label->text());
 }
 
-constexpr int comboDataOfCan = 1;
+/// The entries of the list of protocols, in their order, with the numbers that the search knows.
+struct ProtocolChoice {
+  EcuProtocol protocol;
+  int data;
+};
+constexpr std::array<ProtocolChoice, 8> protocolChoices{{{EcuProtocol::Unknown, 0},
+                                                         {EcuProtocol::Can, 1},
+                                                         {EcuProtocol::CanFd, 8},
+                                                         {EcuProtocol::Ip, 9},
+                                                         {EcuProtocol::KwpFastInitMono, 2},
+                                                         {EcuProtocol::KwpFastInitMulti, 3},
+                                                         {EcuProtocol::Kwp5BaudType1, 4},
+                                                         {EcuProtocol::Kwp5BaudType2, 5}}};
 
 } // namespace
 
@@ -247,14 +262,8 @@ void UceSelector::Parts::layOut() {
 }
 
 void UceSelector::Parts::fillProtocols() {
-  comboProto->addItem(QStringLiteral("Unknown"), 0);
-  comboProto->addItem(QStringLiteral("Diag On CAN"), comboDataOfCan);
-  comboProto->addItem(QStringLiteral("Diag On CAN-FD"), 8);
-  comboProto->addItem(QStringLiteral("Diag On IP"), 9);
-  comboProto->addItem(QStringLiteral("KWP2000 FastInit Monopoint"), 2);
-  comboProto->addItem(QStringLiteral("KWP2000 FastInit Multipoint"), 3);
-  comboProto->addItem(QStringLiteral("KWP2000 5 bauds Type 1"), 4);
-  comboProto->addItem(QStringLiteral("KWP2000 5 bauds Type 2"), 5);
+  for (const ProtocolChoice& choice : protocolChoices)
+    comboProto->addItem(qs(protocolText(choice.protocol, texts())), choice.data);
   comboProto->setCurrentIndex(1);
 }
 
@@ -270,7 +279,9 @@ void UceSelector::Parts::translate() {
       text("Description of the selection", "SELECTOR/MSG/TxEcuDesc/name"));
   TxEcuDesc->setPlaceholderText(text("Select an ECU in the tree to read about it here.",
                                      "SELECTOR/MSG/TxEcuDesc/placeholder"));
-  comboProto->setItemText(0, text("Unknown", "SELECTOR/MSG/comboProto/unknown"));
+  for (int index = 0; index < comboProto->count(); ++index)
+    comboProto->setItemText(
+        index, qs(protocolText(protocolChoices[static_cast<std::size_t>(index)].protocol, texts())));
 
   desktop::TranslateControl(page, texts(), "SELECTOR/CONTROLS");
   allProjects = texts().getMultilangMessageDefault("All projects", "SELECTOR/MSG/allProjects/text");
