@@ -122,13 +122,17 @@ void LoadContext::noteObd(std::int32_t obd) {
   if (file_ && obd != 0) file_->obdCodes.insert(obd);
 }
 
+std::string shortened(std::string_view text) {
+  std::size_t enough = 60;
+  if (text.size() <= enough) return std::string(text);
+  while (enough > 0 && (static_cast<unsigned char>(text[enough]) & 0xC0) == 0x80) --enough;
+  return std::string(text.substr(0, enough)) + "...";
+}
+
 namespace {
 
 std::string badValueText(std::string_view text, const Failure& failure) {
-  constexpr std::size_t enough = 60;
-  std::string shown(text.substr(0, enough));
-  if (text.size() > enough) shown += "...";
-  return "'" + shown + "': " + failure.text;
+  return "'" + shortened(text) + "': " + failure.text;
 }
 
 template <class Field, class Convert>

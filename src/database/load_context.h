@@ -95,6 +95,9 @@ bool readChildNumber(LoadContext& load, xml::Node element, const char* child, st
 /// and blanks trimmed; older files keep their comments so. Empty when there is neither.
 std::string readComment(xml::Node element, const char* child, bool trimXmlComment = true);
 
+/// The start of a text for the report, whole characters.
+std::string shortened(std::string_view text);
+
 /// The name without its prefix.
 std::string_view baseName(xml::Node node);
 

@@ -46,7 +46,7 @@ void loadFrame(LoadContext& load, xml::Node frame, const char* element, FrameBuf
   try {
     buffer.setHexText(text);
   } catch (const Failure&) {
-    load.notKept(element, text.substr(0, 60), bytes, "not pairs of hexadecimal digits");
+    load.notKept(element, shortened(text), bytes, "not pairs of hexadecimal digits");
   }
 }
 

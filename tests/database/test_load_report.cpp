@@ -79,38 +79,50 @@ TEST(LoadReport, NamesEveryKindWithNamePathLineAndReason) {
       "Position|X|Requests/Request[R]/Sent/DataItem[X]|18|Data name 'X' not found, request : R\n"
       "Position||Requests/Request[R]/Sent/DataItem|19|Object not set\n"
       "Value|Endian|Requests/Request[R]/Sent/DataItem[D]|20|'Middle': no endianness\n"
-      "Position|D|Requests/Request[R]/Sent/DataItem[D]|21|" + duplicateData +
-      "Value|MinBytes|Requests/Request[R]/Received|22|'d': Type mismatch\n"
-      "Value|ShiftBytesCount|Requests/Request[R]/Received/ShiftBytesCount|22|'e': Type mismatch\n"
-      "ReplyBytes|q|Requests/Request[R]/Received/ReplyBytes|22|not pairs of hexadecimal digits\n"
-      "Request|R|Requests/Request[R]|23|Key exists already\n"
-      "Value|DTC|Devices/Device[V]|26|'f': Type mismatch\n"
-      "Device data|D|Devices/Device[V]/DeviceData[D]|28|" + duplicateDevice +
-      "Value|Severity|Devices/Device[V]/Test[1]|29|'g': Type mismatch\n"
-      "Flag|D|Devices/Device[V]/Test[1]/StoredFlag|29|the data is used by a device already\n"
-      "Flag|F|Devices/Device[V]/Test[1]/PresentFlag|29|Data 'F' doesn't exist, remove from PresentFlag list\n"
-      "OBD|3|Devices/Device[V]/Test[2]|30|Duplicate OBD code\n"
-      "Test|1|Devices/Device[V]/Test[1]|31|" + duplicateDevice +
-      "Device|V|Devices/Device[V]|32|Key exists already\n"
-      "Device|W|Devices/Device[W]|33|reading ends at the duplicate device before it\n"
-      "Screen||ds:Categories/Category[C]/Screen|37|Name undefined, bad screen\n"
-      "Value|Width|ds:Categories/Category[C]/Screen[S]|38|'h': Type mismatch\n"
-      "Message|lost|ds:Categories/Category[C]/Screen[S]/Message|41|the message of a screen is written but "
-      "not read\n"
-      "Scenario step|Y|ds:Categories/Category[C]/Screen[S]/Send[Y]|39|ScenarioItem.loadXml : request (Y) "
-      "missing \n"
-      "Scenario step||ds:Categories/Category[C]/Screen[S]/Send|40|ScenarioItem.loadXml : requestName "
-      "missing \n"
-      "Display|Y|ds:Categories/Category[C]/Screen[S]/Display[Y]|42|DisplayItem.loadXml : request missing "
-      "(Y)\n"
-      "Value|Size|ds:Categories/Category[C]/Screen[S]/Display[R]/Font|43|Overflow\n"
-      "Value|Color|ds:Categories/Category[C]/Screen[S]/Display[R]/Threshold[1]|43|'i': Type mismatch\n"
-      "Display|Y/D|ds:Categories/Category[C]/Screen[T]/Input[D]|44|DisplayItem.loadXml : request/data "
-      "missing (Y/D)\n"
-      "Screen|T|ds:Categories/Category[C]/Screen[T]|44|request/data missing\n"
-      "Category|C|ds:Categories/Category[C]|45|Duplicate category\n"
-      "AutoIdent|u|AutoIdents/AutoIdent|49|Object not set (AutoIdent/@Version)\n"
-      "AutoIdent|v|AutoIdents/AutoIdent|50|a record before it could not be read\n");
+      "Position|D|Requests/Request[R]/Sent/DataItem[D]|21|" +
+          duplicateData +
+          "Value|MinBytes|Requests/Request[R]/Received|22|'d': Type mismatch\n"
+          "Value|ShiftBytesCount|Requests/Request[R]/Received/ShiftBytesCount|22|'e': Type "
+          "mismatch\n"
+          "ReplyBytes|q|Requests/Request[R]/Received/ReplyBytes|22|not pairs of hexadecimal "
+          "digits\n"
+          "Request|R|Requests/Request[R]|23|Key exists already\n"
+          "Value|DTC|Devices/Device[V]|26|'f': Type mismatch\n"
+          "Device data|D|Devices/Device[V]/DeviceData[D]|28|" +
+          duplicateDevice +
+          "Value|Severity|Devices/Device[V]/Test[1]|29|'g': Type mismatch\n"
+          "Flag|D|Devices/Device[V]/Test[1]/StoredFlag|29|the data is used by a device already\n"
+          "Flag|F|Devices/Device[V]/Test[1]/PresentFlag|29|Data 'F' doesn't exist, remove from "
+          "PresentFlag list\n"
+          "OBD|3|Devices/Device[V]/Test[2]|30|Duplicate OBD code\n"
+          "Test|1|Devices/Device[V]/Test[1]|31|" +
+          duplicateDevice +
+          "Device|V|Devices/Device[V]|32|Key exists already\n"
+          "Device|W|Devices/Device[W]|33|reading ends at the duplicate device before it\n"
+          "Screen||ds:Categories/Category[C]/Screen|37|Name undefined, bad screen\n"
+          "Value|Width|ds:Categories/Category[C]/Screen[S]|38|'h': Type mismatch\n"
+          "Message|lost|ds:Categories/Category[C]/Screen[S]/Message|41|the message of a screen is "
+          "written but "
+          "not read\n"
+          "Scenario step|Y|ds:Categories/Category[C]/Screen[S]/Send[Y]|39|ScenarioItem.loadXml : "
+          "request (Y) "
+          "missing \n"
+          "Scenario step||ds:Categories/Category[C]/Screen[S]/Send|40|ScenarioItem.loadXml : "
+          "requestName "
+          "missing \n"
+          "Display|Y|ds:Categories/Category[C]/Screen[S]/Display[Y]|42|DisplayItem.loadXml : "
+          "request missing "
+          "(Y)\n"
+          "Value|Size|ds:Categories/Category[C]/Screen[S]/Display[R]/Font|43|Overflow\n"
+          "Value|Color|ds:Categories/Category[C]/Screen[S]/Display[R]/Threshold[1]|43|'i': Type "
+          "mismatch\n"
+          "Display|Y/D|ds:Categories/Category[C]/Screen[T]/Input[D]|44|DisplayItem.loadXml : "
+          "request/data "
+          "missing (Y/D)\n"
+          "Screen|T|ds:Categories/Category[C]/Screen[T]|44|request/data missing\n"
+          "Category|C|ds:Categories/Category[C]|45|Duplicate category\n"
+          "AutoIdent|u|AutoIdents/AutoIdent|49|Object not set (AutoIdent/@Version)\n"
+          "AutoIdent|v|AutoIdents/AutoIdent|50|a record before it could not be read\n");
 }
 
 TEST(LoadReport, IsEmptyForAFileThatIsKeptWhole) {
@@ -151,10 +163,25 @@ TEST(LoadReport, RaisesNoFurtherMessagesAndNoBox) {
 TEST(LoadReport, ShowsOnlyTheStartOfALongText) {
   Ecu ecu;
   FileText file;
-  file.requests = "<Request Name='R'><Received MinBytes='" + std::string(5000, 'x') + "'/></Request>";
+  file.requests =
+      "<Request Name='R'><Received MinBytes='" + std::string(5000, 'x') + "'/></Request>";
   ecu.load(file);
   ASSERT_EQ(ecu.db.report().size(), 1u);
   EXPECT_EQ(ecu.db.report()[0].reason, "'" + std::string(60, 'x') + "...': Type mismatch");
+}
+
+TEST(LoadReport, CutsBetweenCharacters) {
+  Ecu ecu;
+  FileText file;
+  std::string long1;
+  for (int i = 0; i < 100; ++i)
+    long1 += "é";
+  file.requests = "<Request Name='R'><Sent><SentBytes>x" + long1 +
+                  "</SentBytes></Sent><Received MinBytes='x" + long1 + "'/></Request>";
+  ecu.load(file);
+  ASSERT_EQ(ecu.db.report().size(), 2u);
+  EXPECT_EQ(ecu.db.report()[0].name, "x" + long1.substr(0, 58) + "...");
+  EXPECT_EQ(ecu.db.report()[1].reason, "'x" + long1.substr(0, 58) + "...': Type mismatch");
 }
 
 TEST(LoadReport, OfALoadThatFailedIsKept) {
