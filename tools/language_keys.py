@@ -417,9 +417,10 @@ def check(root):
                 faults.append(f"{shown}: {key}: no English text ({place})")
             elif english not in defaults:
                 faults.append(f"{shown}: {key}: the English text is not that of the code ({place})")
-            if "fr" not in texts:
+            # Where two texts mean different things, no French one could stand for both either.
+            if "fr" not in texts and len(defaults) == 1:
                 faults.append(f"{shown}: {key}: no French text ({place})")
-            for default in defaults:
+            for default in sorted(defaults):
                 faults += placeholder_faults(shown, key, default, texts.get("fr"))
         for key, texts in sorted(file.texts.items()):
             if key not in messages[name]:
@@ -504,9 +505,9 @@ def update(root, controls):
             texts[key] = {} if english is None else {"en": english}
             if french is not None:
                 texts[key]["fr"] = french
-            else:
-                missing.append((name, key, english or next(iter(messages[name][key]))))
-        file.texts = texts
+            elif english is not None:
+                missing.append((name, key, english))
+        file.texts = {key: text for key, text in texts.items() if text}
         file.parameters = PARAMETERS[name]
         file.write()
     return missing
