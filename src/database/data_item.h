@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kelmar {
 
@@ -62,10 +64,18 @@ class DataItems : public Items<DataItem> {
   /// Puts the item at its roughly ordered place. Raises 1 "Duplicate data name '...'" when a member
   /// bears exactly this name.
   DataItem* AddDataSorted(Pointer item);
+  /// The result of AddDataSorted one by one, in a time that grows with their number. Raises as it
+  /// does; those before the duplicate stay added.
+  void AddDatasSorted(const std::vector<Pointer>& items);
   /// None when absent.
   DataItem* ItemName(std::string_view name) const;
   /// Raises 1 "Duplicate data (...)". References to the old name are TargetItem::RenameData's.
   void rename(DataItem* item, const std::string& newName);
+  /// A member and its new name.
+  using NewName = std::pair<DataItem*, std::string>;
+  /// The result of `rename` one by one, in a time that grows with their number; one answer each,
+  /// false for a name that another member has. Each item may be there once.
+  std::vector<bool> renameAll(const std::vector<NewName>& names);
   void createXMLnode(xml::Writer& out) const;
   void loadXml(OmnikorLibXml& database, xml::Node parent, TargetItem* owner);
 };

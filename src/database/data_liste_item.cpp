@@ -70,6 +70,10 @@ DataListeItem* DataListeItems::AddDataUnSorted(Pointer item) {
   return append(std::move(item));
 }
 
+void DataListeItems::AddAll(std::vector<Pointer> items) {
+  for (Pointer& item : items) append(std::move(item));
+}
+
 DataListeItem* DataListeItems::ItemValue(std::int32_t value) const {
   for (DataListeItem* member : *this)
     if (member->Valeur == value) return member;

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace kelmar {
 
@@ -37,6 +38,8 @@ class DataListeItems : public Items<DataListeItem> {
   DataListeItem* AddData(Pointer item);
   /// Appends. Raises 1 as AddData does.
   DataListeItem* AddDataUnSorted(Pointer item);
+  /// Appends items of which the caller knows that no value and no label stands twice.
+  void AddAll(std::vector<Pointer> items);
   DataListeItem* ItemValue(std::int32_t value) const;
   /// Without regard to case.
   DataListeItem* ItemLabel(std::string_view label) const;

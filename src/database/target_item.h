@@ -129,9 +129,20 @@ class TargetItem {
   /// Positions, the first device and displays follow. Raises 1 "Duplicate data (...)", and then
   /// nothing has changed.
   void RenameData(DataItem* item, const std::string& newName);
+  /// The result of RenameData one by one, in a time that grows with their number; one answer each,
+  /// false where it would have raised. Each item may be there once.
+  std::vector<bool> RenameDatas(const std::vector<DataItems::NewName>& names);
   /// Displays and scenario steps follow; freeze-frame names keep the old name. Raises 1 "Duplicate
   /// request (...)".
   void RenameRequest(RequestItem* item, const std::string& newName);
+  /// Many renames at once, with the result of RenameRequest for one after the other: one walk over
+  /// the model and not one for each. For each whether it succeeded, which a name without change
+  /// does, too.
+  struct RequestRename {
+    RequestItem* item;
+    std::string newName;
+  };
+  std::vector<bool> RenameRequests(const std::vector<RequestRename>& renames);
   void RenameDevice(OrganeItem* item, const std::string& newName);
   /// Points an existing position at another data; devices (for a reference) and the displays of this
   /// request follow.

@@ -264,8 +264,12 @@ TEST_F(ListPageTest, TextThatMayNotBeDroppedIsRefused) {
                [](std::string_view text) { return looksLikeFragment(text, "Things"); },
                [&](const std::string& text) { dropped.push_back(text); });
   const auto drop = [&](const QMimeData& data) {
+    QWidget* target = page->view->viewport();
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(target, &enter);
+    if (!enter.isAccepted()) return false;
     QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(page->view->viewport(), &event);
+    QApplication::sendEvent(target, &event);
     QTest::qWait(1);
     return event.isAccepted();
   };

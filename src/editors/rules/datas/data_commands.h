@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "common/name_commands.h"
+#include "database/target_item.h"
+#include "editors/rules/datas/data_clipboard.h"
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelmar {
+
+/// A new data under the first free of the names "New", "New1", ... in its place among the others.
+DataItem* newData(TargetItem& target);
+
+/// Deletes the selected data one after the other, asking before each one that is used, and once for
+/// those that are not. True when one was deleted.
+bool CutData(TargetItem& target, SelectedDatas datas, platform::Person& person);
+
+/// The commands that change the names of the selected data, each with what it asks.
+std::span<const NameCommand> dataNameCommands();
+/// Asks, then renames; a name that is taken leaves its data alone. True when one was renamed.
+bool changeDataNames(const NameCommand& command, TargetItem& target, SelectedDatas datas,
+                     platform::Person& person);
+
+/// Data for which no request has a position, told for all data of the ECU at once.
+std::function<bool(const DataItem&)> unusedDatas(const TargetItem& target);
+
+} // namespace kelmar

@@ -1,0 +1,110 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/rules/datas/data_fields.h"
+
+#include "base/conversions.h"
+#include "base/text.h"
+#include "language/multi_lang.h"
+
+namespace kelmar {
+
+namespace {
+
+/// Writes a coefficient; its field is the source of a failure.
+void takeCoefficient(Coefficient& coefficient, const std::string& text, const char* field) {
+  if (!coefficientDiffers(text, coefficient)) return;
+  try {
+    coefficient = coefficientOf(text);
+  } catch (const Failure& failure) {
+    throw Failure(failure.number, field, failure.text);
+  }
+}
+
+} // namespace
+
+DataFields fieldsOf(const DataItem& data) {
+  DataFields fields;
+  fields.OPtype = typeOf(data);
+  fields.TextMnemo = data.Mnemo;
+  fields.TextDescription = data.Description;
+  fields.TextUnite = data.Unite;
+  fields.TextFormat = data.DataFormat;
+  fields.TextCoeffA = coefficientText(data.CoeffA);
+  fields.TextCoeffB = coefficientText(data.CoeffB);
+  fields.TextCoeffC = coefficientText(data.CoeffC);
+  fields.NumericNumberBits = fields.ListeNumberBits = data.NumberBits;
+  fields.CheckSigne = fields.CheckSignedList = data.Signe;
+  fields.NotNumericNumberBytes = data.NumberBits / 8.0;
+  fields.RBascii = data.Ascii;
+  return fields;
+}
+
+void changeType(DataFields& fields, DataType type) {
+  if (fields.OPtype == DataType::NumericList && type == DataType::Numeric) {
+    fields.CheckSigne = fields.CheckSignedList;
+    fields.NumericNumberBits = fields.ListeNumberBits;
+  } else if (fields.OPtype == DataType::Numeric && type == DataType::NumericList) {
+    fields.CheckSignedList = fields.CheckSigne;
+    fields.ListeNumberBits = fields.NumericNumberBits;
+  }
+  fields.OPtype = type;
+}
+
+std::string coefficientText(const Coefficient& coefficient) {
+  if (coefficient.isDecimal()) return Decimal(coefficient.value()).toText();
+  return doubleToPlainText(coefficient.value());
+}
+
+double coefficientOf(std::string_view text) { return toDouble(replaceAll(text, ",", ".")); }
+
+bool isCoefficient(std::string_view text) { return isNumeric(replaceAll(text, ",", ".")); }
+
+bool coefficientDiffers(std::string_view text, const Coefficient& coefficient) {
+  // The shown text may be shorter than the number behind it.
+  if (text == coefficientText(coefficient)) return false;
+  return !isCoefficient(text) || !(coefficient == coefficientOf(text));
+}
+
+bool divisorIsZero(const DataItem& data) {
+  return typeOf(data) == DataType::Numeric && data.CoeffC == 0.0;
+}
+
+bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Person& person) {
+  data.Mnemo = fields.TextMnemo;
+  data.Unite = fields.TextUnite;
+  data.DataFormat = fields.TextFormat;
+  takeCoefficient(data.CoeffA, fields.TextCoeffA, "TextCoeffA");
+  takeCoefficient(data.CoeffB, fields.TextCoeffB, "TextCoeffB");
+  if (isCoefficient(fields.TextCoeffC) && coefficientOf(fields.TextCoeffC) == 0.0) {
+    const CMultiLangEx& texts = language::global();
+    constexpr char zeroKey[] = "DATAS/MSG/CoefficientCcheckZero/text";
+    person.message({zeroKey,
+                    texts.getMultilangMessageDefault("Check value",
+                                                     "DATAS/MSG/CoefficientCcheckZero/title"),
+                    texts.getMultilangMessageDefault(
+                        "The value of C Coefficient must be different from Zero", zeroKey),
+                    platform::Buttons::Ok, platform::Icon::Exclamation});
+    return false;
+  }
+  takeCoefficient(data.CoeffC, fields.TextCoeffC, "TextCoeffC");
+  data.Description = fields.TextDescription;
+  data.Ascii = fields.RBascii;
+  data.numerique = fields.OPtype != DataType::NotNumeric;
+  data.liste = fields.OPtype == DataType::NumericList;
+  switch (fields.OPtype) {
+  case DataType::Numeric:
+    data.NumberBits = toInt32(fields.NumericNumberBits);
+    data.Signe = fields.CheckSigne;
+    break;
+  case DataType::NumericList:
+    data.NumberBits = toInt32(fields.ListeNumberBits);
+    data.Signe = fields.CheckSignedList;
+    break;
+  case DataType::NotNumeric:
+    data.NumberBits = toInt32(fields.NotNumericNumberBytes * 8);
+    break;
+  }
+  return true;
+}
+
+} // namespace kelmar
