@@ -34,8 +34,8 @@ class Arguments {
   const std::vector<std::string>& words() const { return words_; }
   bool has(const std::string& option) const { return values_.contains(option); }
   std::optional<std::string> value(const std::string& option) const;
-  /// The value as a 32-bit integer, decimal or behind "0x" hexadecimal; `otherwise` when the option is
-  /// not there. Raises WrongUse.
+  /// The value as a 32-bit integer, decimal or behind "0x" hexadecimal; `otherwise` when the option
+  /// is not there. Raises WrongUse.
   std::int32_t number(const std::string& option, std::int32_t otherwise) const;
 
  private:

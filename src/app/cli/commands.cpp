@@ -12,9 +12,9 @@ namespace kelmar::cli {
 
 namespace {
 
-const Option findOptions[] = {{"--site"},     {"--function"},    {"--protocol"},
-                              {"--diag"},     {"--supplier"},    {"--soft"},
-                              {"--version"},  {"-v", false},     {"--help", false}};
+const Option findOptions[] = {{"--site"},    {"--function"}, {"--protocol"},
+                              {"--diag"},    {"--supplier"}, {"--soft"},
+                              {"--version"}, {"-v", false},  {"--help", false}};
 
 const Command table[] = {
     {"show", "FILE", "a readable summary", 1, 1, fileOptions, runShow},
@@ -22,8 +22,8 @@ const Command table[] = {
     {"save", "FILE [-o OUT] [--encoding NAME]", "load and write back", 1, 1, savingOptions,
      runSave},
     {"uses", "FILE NAME", "who uses a data or a request", 2, 2, fileOptions, runUses},
-    {"rename-data", "FILE OLD NEW [-o OUT]", "rename a data, its users follow", 3, 3,
-     savingOptions, runRenameData},
+    {"rename-data", "FILE OLD NEW [-o OUT]", "rename a data, its users follow", 3, 3, savingOptions,
+     runRenameData},
     {"rename-request", "FILE OLD NEW [-o OUT]", "rename a request, its users follow", 3, 3,
      savingOptions, runRenameRequest},
     {"rename-device", "FILE OLD NEW [-o OUT]", "rename a device", 3, 3, savingOptions,
@@ -34,8 +34,7 @@ const Command table[] = {
      savingOptions, runDeleteRequest},
     {"delete-device", "FILE NAME [-o OUT]", "delete a device", 2, 2, savingOptions,
      runDeleteDevice},
-    {"find",
-     "--site DIR --function N [--protocol N --diag N --supplier S --soft S --version S]",
+    {"find", "--site DIR --function N [--protocol N --diag N --supplier S --soft S --version S]",
      "the ECU file that fits an identification best", 0, 0, findOptions, runFind},
 };
 

@@ -7,8 +7,8 @@
 
 namespace {
 
-/// With one of the three closed, the next file that is opened would take its place, and what is meant
-/// for the terminal would be written into it.
+/// With one of the three closed, the next file that is opened would take its place, and what is
+/// meant for the terminal would be written into it.
 void keepStandardDescriptors() {
   for (int descriptor = 0; descriptor <= 2; ++descriptor)
     if (::fcntl(descriptor, F_GETFD) == -1) ::open("/dev/null", O_RDONLY);

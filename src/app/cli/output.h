@@ -7,8 +7,8 @@
 
 namespace kelmar::cli {
 
-/// Standard output cannot be written, or its reader has gone. It has been told, but for a reader that
-/// has gone: that one knows that it did not get all.
+/// Standard output cannot be written, or its reader has gone. It has been told, but for a reader
+/// that has gone: that one knows that it did not get all.
 struct OutputFailed {};
 
 /// Standard output, written in large pieces.

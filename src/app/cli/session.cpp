@@ -42,8 +42,9 @@ class AbsentPerson : public platform::Person {
   bool opensSiblingFiles_;
 };
 
-/// The model and who answers it. Giving back the memory of a large ECU item by item would take longer
-/// than anything else that is left to do at the end, so it stays, reachable for leak checkers.
+/// The model and who answers it. Giving back the memory of a large ECU item by item would take
+/// longer than anything else that is left to do at the end, so it stays, reachable for leak
+/// checkers.
 struct Model {
   explicit Model(const Arguments& arguments)
       : person(arguments.has("--yes")),
@@ -144,8 +145,8 @@ int Session::save() {
   try {
     const EcuSaveResult result = saveEcu(*database_, output, makeBackup);
     if (result == EcuSaveResult::Saved) return done;
-    complain(failureLine(output, Failure(FileAccessFailed, "",
-                                         saveResultText(result, CMultiLangEx(), output))));
+    complain(failureLine(
+        output, Failure(FileAccessFailed, "", saveResultText(result, CMultiLangEx(), output))));
     return failed;
   } catch (const Failure& failure) {
     return tell(failure);

@@ -31,9 +31,9 @@ class Session {
 
   /// Loads the file and tells what was not kept. False after a failure.
   bool load();
-  /// Encoding and style sheet as the site has them, so that the window would write the same bytes, and
-  /// what the command line says instead. False for a file of the sibling tool, and when there is a
-  /// site that cannot be read.
+  /// Encoding and style sheet as the site has them, so that the window would write the same bytes,
+  /// and what the command line says instead. False for a file of the sibling tool, and when there
+  /// is a site that cannot be read.
   bool prepareSaving();
   /// Saves to the file of the option "-o"; or in place, and then the file as it was stays as
   /// "FILE.bak". Nothing is written without the backup. Tells failures.
@@ -57,8 +57,8 @@ std::string failureLine(const std::string& file, const Failure& failure);
 /// The site that the window would work on, with "--site" and "--lang" of the command line.
 platform::SiteSettings siteOf(const Arguments& arguments);
 
-/// "--encoding" in the usual spelling of its name; none when it is not there. Raises WrongUse for one
-/// that is not among those that are written.
+/// "--encoding" in the usual spelling of its name; none when it is not there. Raises WrongUse for
+/// one that is not among those that are written.
 std::optional<std::string> chosenEncoding(const Arguments& arguments);
 
 /// The options that every command with a file knows, and those of commands that save.

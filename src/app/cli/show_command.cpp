@@ -16,7 +16,8 @@ void line(Output& output, std::string label, const std::string& value) {
   output << label << oneLine(value) << "\n";
 }
 
-template <class Collection> int countOf(const Collection& items) {
+template <class Collection>
+int countOf(const Collection& items) {
   return items ? items->Count() : 0;
 }
 
