@@ -234,9 +234,7 @@ void exportToH86File(const FrameBuffer& buffer, const std::string& fileName) {
   platform::writeWhole(fileName, intelHexOf(buffer));
 }
 
-std::string importFromH86File(const std::string& fileName, int maxLength,
-                              platform::Person& person) {
-  const std::string text = bytesOfFile(fileName);
+std::string bytesOfIntelHex(std::string_view text, int maxLength, platform::Person& person) {
   Reader reader(maxLength);
   Lines lines(text, lineEndOf(text, person));
   for (std::string_view line; lines.next(line);)
@@ -251,6 +249,11 @@ std::string importFromH86File(const std::string& fileName, int maxLength,
         "Empty file", "REQUESTS/MSG/importFromH86File/TooBig/text", std::to_string(maxLength),
         std::to_string(image.length())));
   return image.HexText();
+}
+
+std::string importFromH86File(const std::string& fileName, int maxLength,
+                              platform::Person& person) {
+  return bytesOfIntelHex(bytesOfFile(fileName), maxLength, person);
 }
 
 } // namespace kelmar
