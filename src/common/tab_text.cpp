@@ -6,6 +6,8 @@
 #include "base/failure.h"
 #include "base/text.h"
 
+#include <algorithm>
+
 namespace kelmar {
 
 TabText& TabText::cell(std::string_view text) {
@@ -30,17 +32,40 @@ std::string_view TabLine::trimmed(std::size_t index) const {
   return has(index) ? trimBlanks(cells[index]) : std::string_view();
 }
 
+namespace {
+
+/// Control characters have no place in the file: an item named with one could not be saved.
+std::string withoutControls(std::string_view text) {
+  std::string kept(text);
+  std::erase_if(kept, [](char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t'; });
+  return kept;
+}
+
+} // namespace
+
+bool TabReader::next(TabLine& line) {
+  line.cells.clear();
+  line.whole.clear();
+  if (rest_.empty()) return false;
+  const std::size_t end = std::min(rest_.find_first_of("\r\n"), rest_.size());
+  line.whole = withoutControls(rest_.substr(0, end));
+  rest_.remove_prefix(end);
+  if (!rest_.empty()) rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : 1);
+  std::string_view whole = line.whole;
+  while (line.cells.size() + 1 < mostCells) {
+    const std::size_t tab = whole.find('\t');
+    if (tab == std::string_view::npos) break;
+    line.cells.emplace_back(whole.substr(0, tab));
+    whole.remove_prefix(tab + 1);
+  }
+  line.cells.emplace_back(whole);
+  return true;
+}
+
 std::vector<TabLine> tabLines(std::string_view text) {
   std::vector<TabLine> lines;
-  const std::string normal = normaliseLineEnds(text);
-  for (std::size_t start = 0; start < normal.size();) {
-    std::size_t end = normal.find("\r\n", start);
-    if (end == std::string::npos) end = normal.size();
-    TabLine& line = lines.emplace_back();
-    line.whole = normal.substr(start, end - start);
-    line.cells = split(line.whole, "\t");
-    start = end + 2;
-  }
+  TabReader reader(text);
+  for (TabLine line; reader.next(line);) lines.push_back(std::move(line));
   return lines;
 }
 

@@ -47,7 +47,23 @@ struct TabLine {
   bool startsItem() const { return !trimmed(0).empty() && !isRemark(); }
 };
 
-/// Splits pasted text. Every line end becomes CR LF before it is split.
+/// Splits pasted text line by line, so that a large one costs no more than its longest line. Lines
+/// end with CR LF, CR or LF. An empty text has no line.
+class TabReader {
+ public:
+  /// The text must outlive it.
+  explicit TabReader(std::string_view text) : rest_(text) {}
+  /// The next line, false when there is none. Of its cells so many are read that every form finds
+  /// all of its own; the last one holds the rest.
+  bool next(TabLine& line);
+
+  static constexpr std::size_t mostCells = 64;
+
+ private:
+  std::string_view rest_;
+};
+
+/// All lines at once.
 std::vector<TabLine> tabLines(std::string_view text);
 
 /// The cell as an integer within the limits; `otherwise` for a bad number or one outside.
