@@ -147,6 +147,7 @@ void omnikorEditor::setLang(const std::string& code) {
       built->setLang(lang_);
   }
   translateControls();
+  state_.showAgain();
 }
 
 std::string omnikorEditor::GetVersion() { return applicationVersion; }

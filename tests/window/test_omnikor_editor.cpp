@@ -218,6 +218,18 @@ TEST_F(Editor, LanguageIsTrimmedAndToldToThePagesInTheirOrder) {
   EXPECT_EQ(caption("did"), "DID");
 }
 
+TEST_F(Editor, LanguageKeepsTheMarksOfWhatIsNotSaved) {
+  makeOpen({"datas", "requests"});
+  emit pages["requests"]->OnChange();
+  emit pages["requests"]->OnCancel();
+  emit pages["datas"]->OnChange();
+  editor->setLang("fr");
+  EXPECT_EQ(caption("database"), "ECU - Not saved -");
+  EXPECT_EQ(caption("datas"), "Données *");
+  EXPECT_EQ(caption("requests").find('*'), std::string::npos);
+  EXPECT_EQ(editor->pageChangeCount(), 1);
+}
+
 TEST_F(Editor, LanguageGoesToTheOpenDatabase) {
   makeOpen({"datas"});
   click("datas");

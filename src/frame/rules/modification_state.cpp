@@ -21,8 +21,18 @@ void ModificationState::SetSaveNeed(bool value) {
 void ModificationState::MarkTabModified(const PageRow& row, bool clean) {
   if (row.kind == PageKind::Selector || row.kind == PageKind::Check)
     return;
+  if (clean)
+    marked_.erase(&row);
+  else
+    marked_.insert(&row);
   surface_.setTabCaption(row, surface_.translated(row.caption, row.captionKey) +
                                   (clean ? "" : " *"));
+}
+
+void ModificationState::showAgain() {
+  SetSaveNeed(saveNeeded_);
+  for (const PageRow* row : std::set(marked_))
+    MarkTabModified(*row, false);
 }
 
 void ModificationState::NotePageChange() {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace kelmar::frame {
@@ -40,6 +41,8 @@ class ModificationState {
   void SetSaveNeed(bool value);
   /// A " *" behind the caption, or none when `clean`. The first tab has no such mark.
   void MarkTabModified(const PageRow& row, bool clean);
+  /// Puts suffix and marks behind captions that were translated anew.
+  void showAgain();
   void NotePageChange();
   void NotePageCancel();
   void ClearPageChanges();
@@ -62,6 +65,7 @@ class ModificationState {
   FrameSurface& surface_;
   bool saveNeeded_ = false;
   std::int32_t pageChangeCount_ = 0;
+  std::set<const PageRow*> marked_; // rows of the page table
 };
 
 } // namespace kelmar::frame
