@@ -12,7 +12,10 @@
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+
+#include <csignal>
 
 namespace kelmar {
 namespace {
@@ -81,6 +84,25 @@ TEST_F(SavingTest, Write_ThatDidNotReachTheFileIsNeverReportedAsDone) {
   expectBox("SELECTOR/MSG/fileSaveError/text", "Save error",
             "File '" + elsewhere + "' badly saved. Check disk size, name, ...", Icon::Critical);
   EXPECT_FALSE(saving.write(database, elsewhere));
+}
+
+TEST_F(SavingTest, Write_ThatReadsBackOtherwiseIsToldAndLeavesTheFileOnDisk) {
+  const std::string file = folder.write("a.xml", EcuFileText().text());
+  database.ImportUceFromXml(file);
+  database.ActiveTarget->setName("Changed");
+  expectBox("SELECTOR/MSG/fileSaveError/text", "Save error",
+            "File '" + file + "' badly saved. Check disk size, name, ...", Icon::Critical);
+  // As on a full disk: what is written does not arrive.
+  rlimit before{};
+  ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
+  const rlimit tight{16, before.rlim_max};
+  const auto handler = ::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &tight));
+  const bool written = saving.write(database, file);
+  ::setrlimit(RLIMIT_FSIZE, &before);
+  ::signal(SIGXFSZ, handler);
+  EXPECT_FALSE(written);
+  EXPECT_EQ(EcuFileText().text(), bytesOf(file));
 }
 
 TEST_F(SavingTest, Write_AfterAFailedLoadIsRefused) {
