@@ -45,10 +45,11 @@ void UceSelector::OpenEcuFile(const std::string& file) {
   if (!parts.load(file)) return;
   parts.readProjects();
   parts.showProjects();
-  parts.fileName = file;
-  parts.lbFileName->setText(qs(fileLabel(parts.texts(), file)));
-  platform::AddRecentEntry(parts.machine.settings, "RecentFile", file);
-  parts.opened();
+  if (isRemoteAddress(file))
+    parts.url = file;
+  else
+    platform::AddRecentEntry(parts.machine.settings, "RecentFile", file);
+  parts.opened(file);
 }
 
 bool UceSelector::Parts::load(const std::string& file) {
@@ -78,7 +79,16 @@ bool UceSelector::Parts::load(const std::string& file) {
   }
 }
 
-void UceSelector::Parts::opened() {
+void UceSelector::Parts::opened(const std::string& address) {
+  // Only what came from a local path can be saved without asking where to.
+  if (isRemoteAddress(address)) {
+    fileName.clear();
+    lbFileName->setText(qs(remoteFileLabel(ecuSelector1->selectionLabel(), address)));
+  } else {
+    fileName = address;
+    lbFileName->setText(qs(fileLabel(texts(), address)));
+  }
+  state.httpAddress = isHttpAddress(address);
   backupTaken = false;
   state.ecuOpen = true;
   state.itemsNotKept = !database->report().empty();
@@ -148,15 +158,7 @@ void UceSelector::Parts::openFromTree(const std::string& address) {
     const Hourglass waiting;
     url = address;
     if (!load(address)) return;
-    if (isRemoteAddress(address)) {
-      fileName.clear();
-      lbFileName->setText(qs(remoteFileLabel(ecuSelector1->selectionLabel(), address)));
-    } else {
-      fileName = address;
-      lbFileName->setText(qs(fileLabel(texts(), address)));
-    }
-    state.httpAddress = isHttpAddress(address);
-    opened();
+    opened(address);
     showProjects();
   } catch (const Failure& failure) {
     tellOpenError(address, failure);

@@ -259,6 +259,7 @@ void UceSelector::Parts::layOut() {
     QWidget::setTabOrder(order[i - 1], order[i]);
   page.setFocusProxy(ecuSelector1);
   nameByLabels(page);
+  cbFunctionsName->setAccessibleName(LabelFunction->text());
 }
 
 void UceSelector::Parts::fillProtocols() {
@@ -290,6 +291,7 @@ void UceSelector::Parts::translate() {
                                             OmnikorLibXml::Version())));
   lstProjects->setAccessibleName(framProjects->title());
   nameByLabels(page);
+  cbFunctionsName->setAccessibleName(LabelFunction->text());
   if (initialised) {
     readProjects();
     showProjects();

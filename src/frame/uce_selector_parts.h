@@ -113,7 +113,7 @@ struct UceSelector::Parts {
   /// False when the person did not want the file. Raises the failure of the load.
   bool load(const std::string& file);
   void tellOpenError(const std::string& file, const Failure& failure);
-  void opened();
+  void opened(const std::string& address);
   void useSite();
   void showSelection();
 

@@ -114,6 +114,12 @@ TEST(CommandLine, MissingFileThatCanOnlyBeOneIsOpenedForItsMessage) {
   EXPECT_EQ(readCommandLine({"ecu"}).commandString, "ecu");
 }
 
+TEST(CommandLine, AddressesAreOpenedAsTheyStandAndFileAddressesByTheirPath) {
+  EXPECT_EQ(readCommandLine({"http://host/a b.xml"}).file, "http://host/a b.xml");
+  EXPECT_EQ(readCommandLine({"HTTPS://host/../a"}).file, "HTTPS://host/../a");
+  EXPECT_EQ(readCommandLine({"file:///nowhere/a%20b.xml"}).file, "/nowhere/a b.xml");
+}
+
 TEST(CommandLine, FileAndPositionStandTogether) {
   const CommandLine line = readCommandLine({"100,200", "/nowhere/ecu.xml"});
   EXPECT_EQ(line.commandString, "100,200");

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/version.h"
 #include "frame/rules/selector_match_text.h"
 #include "frame/rules/selector_recent_menu.h"
 #include "frame/rules/selector_state.h"
@@ -28,12 +29,14 @@ TEST(SelectorTexts, RemoteFileLabel_IsDataSetAndLastSegment) {
 }
 
 TEST(SelectorTexts, RemoteAddress_IsHttpOrFileInAnyCase) {
-  for (const char* address : {"http://x", "HTTP://x", "file:///x", "File:/x"})
+  for (const char* address : {"http://x", "HTTP://x", "https://x", "file:///x", "File:/x"})
     EXPECT_TRUE(isRemoteAddress(address)) << address;
   for (const char* address : {"/http:/x", "x.xml", "https", ""})
     EXPECT_FALSE(isRemoteAddress(address)) << address;
   EXPECT_TRUE(isHttpAddress("hTTp://x"));
   EXPECT_FALSE(isHttpAddress("file:///x"));
+  EXPECT_TRUE(isWebAddress("Https://x"));
+  EXPECT_FALSE(isWebAddress("file:///x"));
 }
 
 TEST(SelectorTexts, Selection_HasALineAndWidensLineFeeds) {
@@ -42,8 +45,9 @@ TEST(SelectorTexts, Selection_HasALineAndWidensLineFeeds) {
 }
 
 TEST(SelectorTexts, HiddenFunction_TellsVersionAndAddresses) {
-  EXPECT_EQ("Kelmar Version : 1.0.0.0\r\nCopyright : the Kelmar developers\r\nBaseUrl = b\r\n"
-            "XmlStyleSheet = s\r\nXmlSchemaTarget = t\r\nXmlSchemaScreen = c",
+  EXPECT_EQ(std::string("Kelmar Version : 1.0.0.0\r\nCopyright : ") + applicationCopyright +
+                "\r\nBaseUrl = b\r\nXmlStyleSheet = s\r\nXmlSchemaTarget = t\r\n"
+                "XmlSchemaScreen = c",
             hiddenFunctionText(noFile, {"1.0.0.0", "b", "s", "t", "c"}));
 }
 

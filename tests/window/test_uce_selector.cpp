@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/failure.h"
+#include "base/version.h"
 #include "language/multi_lang.h"
 #include "platform/recent_entries.h"
 #include "window/uce_selector_fixture.h"
@@ -350,8 +351,9 @@ TEST_F(UceSelectorTest, HiddenFunction_TellsVersionAndAddresses) {
   page->XmlSchemaTarget = "t";
   page->XmlSchemaScreen = "c";
   expectBox("SELECTOR/MSG/hiddenFunction/text", "Kelmar hidden function",
-            "Kelmar Version : " + OmnikorLibXml::Version() +
-                "\r\nCopyright : the Kelmar developers\r\nBaseUrl = b\r\nXmlStyleSheet = s\r\n"
+            "Kelmar Version : " + OmnikorLibXml::Version() + "\r\nCopyright : " +
+                applicationCopyright +
+                "\r\nBaseUrl = b\r\nXmlStyleSheet = s\r\n"
                 "XmlSchemaTarget = t\r\nXmlSchemaScreen = c",
             Icon::Information);
   the("txdFunc").setFocus();
@@ -387,7 +389,7 @@ TEST_F(UceSelectorTest, FitsASmallScreenAndNamesItsControls) {
   for (const char* name : {"TxEcuName", "txGenericName", "TextFunction", "TextAdresse",
                            "TextLogicalAdresse", "TextProtocole", "TxEcuDesc", "lstProjects",
                            "comboProto", "txdFunc", "txdDiag", "txdSup", "txdSoft", "txdVers",
-                           "txdHref"})
+                           "txdHref", "cbFunctionsName"})
     EXPECT_FALSE(the<QWidget>(name).accessibleName().isEmpty()) << name;
 }
 

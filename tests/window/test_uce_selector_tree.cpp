@@ -5,6 +5,7 @@
 #include "desktop/http_fetch.h"
 #include "frame/rules/addressing_file.h"
 #include "frame/uctl_new_ecu_addr.h"
+#include "platform/recent_entries.h"
 #include "platform/site_settings.h"
 #include "support/http_server.h"
 #include "window/uce_selector_fixture.h"
@@ -127,6 +128,20 @@ TEST_F(UceSelectorHttp, FileChosen_IsShownWithoutLocalFileAndOffersItsLink) {
   EXPECT_TRUE(the<QToolButton>("cmdLinkNewPDM").isEnabled());
   open(engine);
   EXPECT_FALSE(the<QToolButton>("cmdLinkNewPDM").isEnabled());
+}
+
+TEST_F(UceSelectorHttp, OpenEcuFile_OfAnAddressHasNoLocalFileEither) {
+  open(engine);
+  const std::string address = server.address("/a/Engine.xml");
+  open(address);
+  EXPECT_EQ("Remote", textOf("TxEcuName"));
+  EXPECT_EQ("", page->fileName());
+  EXPECT_EQ(address, page->url());
+  EXPECT_EQ("[All] Engine.xml", labelOf("lbFileName"));
+  EXPECT_TRUE(the<QToolButton>("cmdLinkNewPDM").isEnabled());
+  const auto recent = platform::GetRecentEntries(settings, "RecentFile");
+  ASSERT_EQ(1u, recent.size());
+  EXPECT_EQ(engine, recent.front().value);
 }
 
 TEST_F(UceSelectorHttp, Save_ShowsTheFileDialog) {

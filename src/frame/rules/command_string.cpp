@@ -5,6 +5,7 @@
 #include "base/conversions.h"
 #include "base/failure.h"
 #include "base/text.h"
+#include "frame/rules/selector_texts.h"
 #include "platform/files.h"
 
 namespace kelmar::frame {
@@ -37,6 +38,13 @@ bool isOption(const std::string& word) {
 bool isMeantAsFile(const std::string& word) {
   return platform::fileExists(word) || word.find('/') != std::string::npos ||
          lowerCase(word).ends_with(".xml");
+}
+
+/// A web address as it stands, anything else as an absolute path.
+std::string placeOf(const std::string& word) {
+  if (platform::fileExists(word))
+    return platform::absolutePath(word);
+  return isWebAddress(word) ? word : platform::absolutePath(platform::localPathOf(word));
 }
 
 } // namespace
@@ -82,7 +90,7 @@ CommandLine readCommandLine(const std::vector<std::string>& words) {
     } else if (isMeantAsFile(word)) {
       if (!line.file.empty())
         line.mistake = "only one file can be opened, " + word + " is the second";
-      line.file = platform::absolutePath(word);
+      line.file = placeOf(word);
     } else if (!word.empty()) {
       line.commandString += (line.commandString.empty() ? "" : " ") + word;
     }
@@ -94,7 +102,7 @@ std::string commandLineHelp() {
   return "Usage: kelmar [OPTION...] [FILE] [LEFT,TOP]\n"
          "Edit the diagnostic database of a vehicle control unit.\n"
          "\n"
-         "  FILE        ECU file to open\n"
+         "  FILE        ECU file to open, or its http: address\n"
          "  LEFT,TOP    place of the window, in twips (15 to a pixel)\n"
          "\n"
          "  --site DIR  data root to work on, in place of the configured one\n"

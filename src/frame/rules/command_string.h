@@ -30,13 +30,13 @@ struct CommandLine {
   bool version = false;
   std::string site;          ///< "--site"
   std::string language;      ///< "--lang"
-  std::string file;          ///< file to open, empty for none
+  std::string file;          ///< path or web address to open, empty for none
   std::string commandString; ///< the words that are neither option nor file, joined by blanks
   std::string mistake;       ///< what is wrong with the use; empty when nothing is
 };
 
 /// A word that names an existing file, or that can only be meant as one (it holds a "/" or ends in
-/// ".xml"), is the file to open. "-" before a digit is a number and no option; "--" ends the options.
+/// ".xml"), is the file to open; "http:", "https:" and "file:" addresses are, too. "-" before a digit is a number and no option; "--" ends the options.
 CommandLine readCommandLine(const std::vector<std::string>& words);
 
 /// What "--help" prints.

@@ -3,6 +3,7 @@
 #include "frame/rules/selector_texts.h"
 
 #include "base/text.h"
+#include "base/version.h"
 #include "language/multi_lang.h"
 
 namespace kelmar {
@@ -20,8 +21,12 @@ std::string remoteFileLabel(const std::string& dataSet, const std::string& addre
   return "[" + dataSet + "] " + lastSegment(address);
 }
 
+bool isWebAddress(const std::string& address) {
+  return startsWithFolded(address, "http:") || startsWithFolded(address, "https:");
+}
+
 bool isRemoteAddress(const std::string& address) {
-  return startsWithFolded(address, "http:") || startsWithFolded(address, "file:");
+  return isWebAddress(address) || startsWithFolded(address, "file:");
 }
 
 bool isHttpAddress(const std::string& address) {
@@ -37,10 +42,10 @@ std::string selectionText(const CMultiLangEx& texts, const std::string& address,
 
 std::string hiddenFunctionText(const CMultiLangEx& texts, const HiddenFacts& facts) {
   return texts.getMultilangMessageDefault(
-      "Kelmar Version : {0}{crlf}Copyright : the Kelmar developers{crlf}BaseUrl = {1}{crlf}"
-      "XmlStyleSheet = {2}{crlf}XmlSchemaTarget = {3}{crlf}XmlSchemaScreen = {4}",
-      "SELECTOR/MSG/hiddenFunction/text", facts.version, facts.BaseUrl, facts.xmlStyleSheet,
-      facts.XmlSchemaTarget, facts.XmlSchemaScreen);
+      "Kelmar Version : {0}{crlf}Copyright : {1}{crlf}BaseUrl = {2}{crlf}XmlStyleSheet = {3}{crlf}"
+      "XmlSchemaTarget = {4}{crlf}XmlSchemaScreen = {5}",
+      "SELECTOR/MSG/hiddenFunction/text", facts.version, applicationCopyright, facts.BaseUrl,
+      facts.xmlStyleSheet, facts.XmlSchemaTarget, facts.XmlSchemaScreen);
 }
 
 } // namespace kelmar

@@ -17,7 +17,9 @@ std::string lastSegment(const std::string& address);
 /// The file label of an ECU that has no local file: "[data set] name".
 std::string remoteFileLabel(const std::string& dataSet, const std::string& address);
 
-/// True for an address that is no local path: "http:" and "file:", in any case.
+/// "http:" and "https:", in any case.
+bool isWebAddress(const std::string& address);
+/// True for an address that is no local path: a web address or "file:", in any case.
 bool isRemoteAddress(const std::string& address);
 bool isHttpAddress(const std::string& address);
 
