@@ -34,6 +34,9 @@ WINDOW_SERVICE = "texts_"
 PARAMETERS = {PAGES_FILE: {"Parameters/sorvaneAddressingFile": "GenericAddressing.xml"},
               WINDOW_FILE: {}}
 
+# Keys whose default is a makeshift: the files word the English text.
+WORDED_BY_THE_FILES = {"REQUESTS/MSG/importFromH86File/TooBig/text"}
+
 # French texts that are meant to be as the English ones.
 SAME_IN_FRENCH = "site/lang/same_in_french.txt"
 
@@ -415,12 +418,14 @@ def check(root):
                                   f"can stand for both ({', '.join(sorted(defaults.values()))})")
             elif english is None:
                 faults.append(f"{shown}: {key}: no English text ({place})")
+            elif key in WORDED_BY_THE_FILES:
+                faults += placeholder_faults(shown, key, english, texts.get("fr"))
             elif english not in defaults:
                 faults.append(f"{shown}: {key}: the English text is not that of the code ({place})")
             # Where two texts mean different things, no French one could stand for both either.
             if "fr" not in texts and len(defaults) == 1:
                 faults.append(f"{shown}: {key}: no French text ({place})")
-            for default in sorted(defaults):
+            for default in sorted(defaults if key not in WORDED_BY_THE_FILES else ()):
                 faults += placeholder_faults(shown, key, default, texts.get("fr"))
         for key, texts in sorted(file.texts.items()):
             if key not in messages[name]:
@@ -502,6 +507,8 @@ def update(root, controls):
         texts = {}
         for key, english in wanted.items():
             french = file.texts.get(key, {}).get("fr")
+            if key in WORDED_BY_THE_FILES:
+                english = file.texts.get(key, {}).get("en", english)
             texts[key] = {} if english is None else {"en": english}
             if french is not None:
                 texts[key]["fr"] = french

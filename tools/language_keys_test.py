@@ -94,6 +94,17 @@ class TheCheck(unittest.TestCase):
         self.plant("FIRST/MSG/close", None, "Fermer")
         self.assert_found("FIRST/MSG/close: no English text", "src/first/page.cpp:12")
 
+    def test_lets_the_files_word_a_key_whose_default_is_a_makeshift(self):
+        language_keys.WORDED_BY_THE_FILES.add("FIRST/MSG/close")
+        self.addCleanup(language_keys.WORDED_BY_THE_FILES.discard, "FIRST/MSG/close")
+        self.plant("FIRST/MSG/close", "Close {0} now", "Fermer {0}")
+        self.assertEqual(self.faults(), [])
+        language_keys.update(self.root, None)
+        file = language_keys.LanguageFile(self.root / "site" / "lang" / language_keys.PAGES_FILE)
+        self.assertEqual(file.texts["FIRST/MSG/close"], {"en": "Close {0} now", "fr": "Fermer {0}"})
+        self.plant("FIRST/MSG/close", "Close {0} now", "Fermer")
+        self.assert_found("FIRST/MSG/close: French has other placeholders")
+
     def test_finds_a_key_without_a_french_text(self):
         self.plant("FIRST/MSG/rename/title", "Rename", None)
         self.assert_found("FIRST/MSG/rename/title: no French text")

@@ -6,6 +6,7 @@
 #include "base/version.h"
 
 #include <algorithm>
+#include <limits>
 #include <new>
 
 namespace kelmar::cli {
@@ -15,6 +16,11 @@ namespace {
 const Option findOptions[] = {{"--site"},    {"--function"}, {"--protocol"},
                               {"--diag"},    {"--supplier"}, {"--soft"},
                               {"--version"}, {"-v", false},  {"--help", false}};
+
+const Option writingOptions[] = {{"--yes", false}, {"-v", false},     {"--site"},
+                                 {"--lang"},       {"--help", false}, {"-o"}};
+
+constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 const Command table[] = {
     {"show", "FILE", "a readable summary", 1, 1, fileOptions, runShow},
@@ -34,6 +40,12 @@ const Command table[] = {
      savingOptions, runDeleteRequest},
     {"delete-device", "FILE NAME [-o OUT]", "delete a device", 2, 2, savingOptions,
      runDeleteDevice},
+    {"hex-export", "FILE REQUEST OUT", "write the sent bytes of a request as Intel-hex", 3, 3,
+     fileOptions, runHexExport},
+    {"hex-import", "FILE REQUEST HEX [-o OUT]", "read the sent bytes of a request from Intel-hex",
+     3, 3, savingOptions, runHexImport},
+    {"rvt", "FILE [REQUEST...] -o OUT", "write the bench test scenario of requests", 1, anyNumber,
+     writingOptions, runRvt},
     {"find", "--site DIR --function N [--protocol N --diag N --supplier S --soft S --version S]",
      "the ECU file that fits an identification best", 0, 0, findOptions, runFind},
 };

@@ -36,6 +36,9 @@ int runRenameDevice(const Arguments& arguments, Output& output);
 int runDeleteData(const Arguments& arguments, Output& output);
 int runDeleteRequest(const Arguments& arguments, Output& output);
 int runDeleteDevice(const Arguments& arguments, Output& output);
+int runHexExport(const Arguments& arguments, Output& output);
+int runHexImport(const Arguments& arguments, Output& output);
+int runRvt(const Arguments& arguments, Output& output);
 int runFind(const Arguments& arguments, Output& output);
 
 } // namespace kelmar::cli

@@ -60,11 +60,6 @@ OmnikorLibXml& makeModel(const Arguments& arguments) {
   return kept->database;
 }
 
-bool isSameFile(const std::string& left, const std::string& right) {
-  std::error_code ignored;
-  return left == right || std::filesystem::equivalent(left, right, ignored);
-}
-
 } // namespace
 
 platform::SiteSettings siteOf(const Arguments& arguments) {
@@ -87,6 +82,13 @@ std::string failureLine(const std::string& file, const Failure& failure) {
   std::string line = file + ": error " + std::to_string(failure.number) + ": " + failure.text;
   if (!failure.source.empty()) line += " [" + failure.source + "]";
   return line;
+}
+
+bool isSameFile(const std::string& leftFile, const std::string& rightFile) {
+  const std::string left = platform::localPathOf(leftFile);
+  const std::string right = platform::localPathOf(rightFile);
+  std::error_code ignored;
+  return left == right || std::filesystem::equivalent(left, right, ignored);
 }
 
 Session::Session(const std::string& file, const Arguments& arguments)

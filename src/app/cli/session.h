@@ -54,6 +54,9 @@ class Session {
 /// "FILE: error NUMBER: TEXT [SOURCE]", without brackets where there is no source.
 std::string failureLine(const std::string& file, const Failure& failure);
 
+/// True for two names, or "file:" addresses, of one file.
+bool isSameFile(const std::string& left, const std::string& right);
+
 /// The site that the window would work on, with "--site" and "--lang" of the command line.
 platform::SiteSettings siteOf(const Arguments& arguments);
 
