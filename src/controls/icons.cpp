@@ -143,6 +143,72 @@ void drawWarning(const Canvas& c) {
   c.lines({{12, 17.6}, {12, 17.7}});
 }
 
+void drawAdd(const Canvas& c) {
+  c.hollow();
+  c.painter.setPen(QPen(c.line(green), 3.2, Qt::SolidLine, Qt::RoundCap));
+  c.lines({{12, 5}, {12, 19}});
+  c.lines({{5, 12}, {19, 12}});
+}
+
+void drawRename(const Canvas& c) {
+  c.fill(c.paper);
+  c.painter.drawRect(QRectF(2.5, 8, 19, 9));
+  c.painter.setPen(QPen(c.line(blue), 2, Qt::SolidLine, Qt::RoundCap));
+  c.lines({{5.5, 12.5}, {10.5, 12.5}});
+  c.outline();
+  c.lines({{14.5, 5}, {14.5, 20}});
+  c.lines({{12.5, 4}, {14.5, 5}, {16.5, 4}});
+  c.lines({{12.5, 21}, {14.5, 20}, {16.5, 21}});
+}
+
+void drawCut(const Canvas& c) {
+  c.hollow();
+  c.outline(2);
+  c.lines({{7, 3}, {15.5, 16}});
+  c.lines({{17, 3}, {8.5, 16}});
+  c.painter.setPen(QPen(c.line(red), 2.2));
+  c.painter.drawEllipse(QPointF(6.8, 18), 2.7, 2.7);
+  c.painter.drawEllipse(QPointF(17.2, 18), 2.7, 2.7);
+}
+
+void drawCopy(const Canvas& c) {
+  c.fill(c.paper);
+  c.painter.drawRect(QRectF(4, 3, 11, 14));
+  c.painter.drawRect(QRectF(9, 7, 11, 14));
+  c.painter.setPen(QPen(c.line(blue), 1.5));
+  for (const double y : {11.0, 14.0, 17.0}) c.lines({{11.5, y}, {17.5, y}});
+}
+
+void drawPaste(const Canvas& c) {
+  c.fill(c.gold());
+  c.painter.drawRect(QRectF(4, 4.5, 16, 17));
+  c.fill(c.paper);
+  c.painter.drawRect(QRectF(7, 9, 10, 10));
+  c.painter.drawRect(QRectF(8.5, 2.5, 7, 4));
+}
+
+/// A kind of data by its sign.
+void drawSign(const Canvas& c, int hue, const QString& sign) {
+  c.fill(c.accent(hue));
+  c.painter.drawRoundedRect(QRectF(2, 4, 20, 16), 3, 3);
+  QFont font = QGuiApplication::font();
+  font.setPixelSize(sign.size() > 1 ? 12 : 15);
+  font.setBold(true);
+  c.painter.setFont(font);
+  c.painter.setPen(c.onAccent());
+  c.painter.drawText(QRectF(1, 4, 22, 16), Qt::AlignCenter, sign);
+}
+
+void drawList(const Canvas& c) {
+  c.fill(c.accent(violet));
+  c.painter.drawRoundedRect(QRectF(2, 4, 20, 16), 3, 3);
+  c.painter.setPen(QPen(c.onAccent(), 1.8, Qt::SolidLine, Qt::RoundCap));
+  for (const double y : {8.5, 12.0, 15.5}) {
+    c.lines({{6, y}, {6.1, y}});
+    c.lines({{9.5, y}, {18, y}});
+  }
+}
+
 void drawHelp(const Canvas& c) {
   c.fill(c.accent(blue));
   c.painter.drawEllipse(QPointF(12, 12), 9, 9);
@@ -182,6 +248,11 @@ const std::map<std::string, Drawing, std::less<>>& drawings() {
   static const auto ecu = [](int hue, const char* letters) {
     return [hue, text = QString::fromLatin1(letters)](const Canvas& c) { drawEcu(c, hue, text); };
   };
+  static const auto sign = [](int hue, const char* text) {
+    return [hue, letters = QString::fromLatin1(text)](const Canvas& c) {
+      drawSign(c, hue, letters);
+    };
+  };
   static const std::map<std::string, Drawing, std::less<>> table = {
       {"open", drawOpen},
       {"save", drawSave},
@@ -196,6 +267,16 @@ const std::map<std::string, Drawing, std::less<>>& drawings() {
       {"reload", drawReload},
       {"warning", drawWarning},
       {"help", drawHelp},
+      {"add", drawAdd},
+      {"rename", drawRename},
+      {"find", drawSearch},
+      {"cut", drawCut},
+      {"copy", drawCopy},
+      {"paste", drawPaste},
+      {"numeric", sign(blue, "1")},
+      {"list", drawList},
+      {"ascii", sign(green, "A")},
+      {"hexa", sign(orange, "0x")},
       {"ecu-iso", ecu(orange, "I")},
       {"ecu-kwp", ecu(violet, "K")},
       {"ecu-can", ecu(blue, "C")},

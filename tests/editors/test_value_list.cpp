@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/rules/datas/value_list.h"
+#include "support/scripted_person.h"
+
+#include <gtest/gtest.h>
+
+namespace kelmar {
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+class ValueListTest : public testing::Test {
+ protected:
+  support::ScriptedPerson person;
+  DataItem data;
+  ValueList list;
+
+  void SetUp() override {
+    data.DataListes = std::make_shared<DataListeItems>();
+    data.DataListes->Add(0, "Off", "");
+    data.DataListes->Add(1, "On", "all is well");
+    data.DataListes->Add(3, "Error", "");
+    list.bind(&data);
+  }
+  std::string shown() const {
+    std::string text;
+    for (const auto& row : list.rows())
+      text += std::to_string(row->value) + "=" + row->label +
+              (row->info.empty() ? "" : "(" + row->info + ")") + ";";
+    return text;
+  }
+  ValueRow& row(std::size_t index) { return *list.rows().at(index); }
+  void expectBox(const char* key, const char* title, const char* text) {
+    person.expect(key, title, text, Buttons::Ok, Icon::Exclamation, Answer::Ok);
+  }
+};
+
+TEST_F(ValueListTest, TheTipIsTheValueInHexadecimalBySizeOfTheData) {
+  EXPECT_EQ(hexTip(255, 8), "$FF");
+  EXPECT_EQ(hexTip(255, 9), "$00FF");
+  EXPECT_EQ(hexTip(255, 17), "$000000FF");
+  EXPECT_EQ(hexTip(-1, 32), "$FFFFFFFF");
+}
+
+TEST_F(ValueListTest, NothingReachesTheDataBeforeItIsSaved) {
+  ASSERT_TRUE(list.add(7, " Seven ", "", person));
+  EXPECT_EQ(shown(), "0=Off;1=On(all is well);3=Error;7=Seven;");
+  EXPECT_EQ(data.DataListes->Count(), 3);
+  list.SaveDataItems(data);
+  ASSERT_EQ(data.DataListes->Count(), 4);
+  EXPECT_EQ(data.DataListes->Item(4)->libelle, "Seven");
+  EXPECT_EQ(data.DataListes->Item(4)->parent, &data);
+  EXPECT_EQ(data.DataListes->ItemValue(1)->Info, "all is well");
+}
+
+TEST_F(ValueListTest, AddingRefusesEmptyLabelsAndWhatExists) {
+  constexpr char title[] = "Input error";
+  expectBox("DATALIST/MSG/CBaddNew_Click/emptyStringError/text", title,
+            "Empty label not allowed. Enter a string");
+  EXPECT_FALSE(list.add(9, "  ", "", person));
+  expectBox("DATALIST/MSG/CBaddNew_Click/valueAlreadyExistsError/text", title,
+            "Value 3 already exists.");
+  EXPECT_FALSE(list.add(3, "New", "", person));
+  expectBox("DATALIST/MSG/CBaddNew_Click/valueAlreadyExistsError/text", title,
+            "Label On already exists.");
+  EXPECT_FALSE(list.add(9, "On", "", person));
+  ValueList unbound;
+  EXPECT_FALSE(unbound.add(1, "a", "", person));
+}
+
+TEST_F(ValueListTest, ChangingComparesWithAllOthers) {
+  EXPECT_TRUE(list.changeItem(row(0), 0, "Off now", "info", person));
+  EXPECT_TRUE(list.changeItem(row(0), 5, "Off now", "info", person));
+  expectBox("DATALIST/MSG/changeItem/valueAlreadyExistsError/text", "Input error",
+            "Value 1 already exists.\r\nOld : 1=On");
+  EXPECT_FALSE(list.changeItem(row(0), 1, "x", "", person));
+  expectBox("DATALIST/MSG/changeItem/labelAlreadyExistsError/text", "Input error",
+            "Label Error already exists.\r\nOld : 3=Error");
+  EXPECT_FALSE(list.changeItem(row(0), 5, "Error", "", person));
+  expectBox("DATALIST/MSG/changeItem/emptyStringError/text", "Input error",
+            "Empty label not allowed. Enter a string");
+  EXPECT_FALSE(list.changeItem(row(0), 5, "", "", person));
+  EXPECT_EQ(shown(), "5=Off now(info);1=On(all is well);3=Error;");
+}
+
+TEST_F(ValueListTest, CutAsksOnceForAllRows) {
+  const platform::Box question{"DATALIST/MSG/CutRange/text", "Confirm delete",
+                               "Do you really want to delete this selected items ?",
+                               Buttons::YesNo, Icon::Question};
+  person.expect(question, Answer::No);
+  EXPECT_FALSE(list.cut({&row(0), &row(2)}, person));
+  person.expect(question, Answer::Yes);
+  EXPECT_TRUE(list.cut({&row(0), &row(2)}, person));
+  EXPECT_EQ(shown(), "1=On(all is well);");
+  EXPECT_FALSE(list.cut({}, person));
+}
+
+TEST_F(ValueListTest, XmlComesBackWithItsInfo) {
+  const std::string text = copyValues({&row(1), &row(2)});
+  data.DataListes->clear();
+  list.bind(&data);
+  EXPECT_TRUE(list.paste(text, person));
+  EXPECT_EQ(shown(), "1=On(all is well);3=Error;");
+  EXPECT_FALSE(list.paste(text, person));
+}
+
+TEST_F(ValueListTest, TextHasValueAndLabel) {
+  EXPECT_EQ(copyValuesText({&row(0), &row(1)}), "0\tOff\r\n1\tOn\r\n");
+}
+
+TEST_F(ValueListTest, PastedTextMayBeHexadecimalAndBadLinesAreSkipped) {
+  EXPECT_TRUE(list.paste("$1A\tLabel\nx\tBad\n5\n6\t \n7\t Seven \t more\r\n", person));
+  EXPECT_EQ(shown(), "0=Off;1=On(all is well);3=Error;26=Label;7=Seven;");
+  EXPECT_FALSE(list.paste("", person));
+}
+
+TEST_F(ValueListTest, PastedValuesChangeLabelsAndPastedLabelsChangeValues) {
+  EXPECT_TRUE(list.paste("1\tRunning\n4\tError", person));
+  EXPECT_EQ(shown(), "0=Off;1=Running(all is well);4=Error;");
+}
+
+TEST_F(ValueListTest, ValueAndLabelInTwoRowsLeaveBoth) {
+  expectBox("DATALIST/MSG/UpdateOrAddItem/text", "Paste warning",
+            "Unable to insert or modify item: 3=On\r\nThe value and label already exist in two "
+            "different items");
+  EXPECT_FALSE(list.paste("3\tOn", person));
+  EXPECT_EQ(shown(), "0=Off;1=On(all is well);3=Error;");
+}
+
+TEST_F(ValueListTest, DevicesGiveTheirCodeAndName) {
+  EXPECT_TRUE(list.paste("<Devices><Device DTC=\"4660\" Name=\"Pump\"/><Device Name=\"none\"/>"
+                         "</Devices>",
+                         person));
+  EXPECT_EQ(shown(), "0=Off;1=On(all is well);3=Error;4660=Pump;");
+  EXPECT_FALSE(list.paste("<Requests/>", person));
+}
+
+TEST_F(ValueListTest, NormalizingLeavesALabelThatWouldStandTwice) {
+  ASSERT_TRUE(list.add(8, "On  line", "", person));
+  ASSERT_TRUE(list.add(9, "On line", "", person));
+  ASSERT_TRUE(list.add(10, "A   b", "", person));
+  person.expect("DATALIST/MSG/PopupRNormalize/confirm/text", "User confirm",
+                "Normalize space suppress white spaces at the start and end of the data name and "
+                "replace multi-space by a single one.\r\nDo you want to normalize selected data "
+                "name ?",
+                Buttons::YesNo, Icon::Question, Answer::Yes);
+  expectBox("DATALIST/MSG/PopupRNormalize/warning/text", "Warning",
+            "Label 'On  line'=8 already exists with normalized name 'On line'=9.\r\nCheck label to "
+            "avoid error trap for user");
+  EXPECT_TRUE(list.normalize({&row(3), &row(5)}, person));
+  EXPECT_EQ(row(5).label, "A b");
+  EXPECT_EQ(row(3).label, "On  line");
+}
+
+TEST_F(ValueListTest, DuplicatesOfAFileAreKeptOnceAndTold) {
+  auto twice = std::make_shared<DataListeItem>();
+  twice->Valeur = 1;
+  twice->libelle = "Again";
+  data.DataListes->AddAll({twice});
+  list.bind(&data);
+  EXPECT_EQ(list.rows().size(), 4u);
+  EXPECT_THROW(list.SaveDataItems(data), Failure);
+  EXPECT_EQ(data.DataListes->Count(), 3);
+}
+
+TEST_F(ValueListTest, ControlsFollowTheState) {
+  EXPECT_EQ(valueListControls({}), ValueListControls{});
+  EXPECT_EQ(valueListControls({.bound = true}),
+            (ValueListControls{.CBaddNew = true, .paste = true}));
+  EXPECT_EQ(valueListControls({.bound = true, .selected = 1}),
+            (ValueListControls{.cut = true, .copy = true, .paste = true}));
+  EXPECT_EQ(valueListControls({.bound = true, .selected = 1, .itemChanged = true}),
+            (ValueListControls{true, true, true, true, true, true}));
+}
+
+} // namespace
+} // namespace kelmar
