@@ -40,6 +40,8 @@ const Command table[] = {
      savingOptions, runDeleteRequest},
     {"delete-device", "FILE NAME [-o OUT]", "delete a device", 2, 2, savingOptions,
      runDeleteDevice},
+    {"normalize-replies", "FILE [-o OUT]", "make the reply templates agree with the protocol", 1, 1,
+     savingOptions, runNormalizeReplies},
     {"hex-export", "FILE REQUEST OUT", "write the sent bytes of a request as Intel-hex", 3, 3,
      fileOptions, runHexExport},
     {"hex-import", "FILE REQUEST HEX [-o OUT]", "read the sent bytes of a request from Intel-hex",

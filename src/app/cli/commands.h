@@ -36,6 +36,7 @@ int runRenameDevice(const Arguments& arguments, Output& output);
 int runDeleteData(const Arguments& arguments, Output& output);
 int runDeleteRequest(const Arguments& arguments, Output& output);
 int runDeleteDevice(const Arguments& arguments, Output& output);
+int runNormalizeReplies(const Arguments& arguments, Output& output);
 int runHexExport(const Arguments& arguments, Output& output);
 int runHexImport(const Arguments& arguments, Output& output);
 int runRvt(const Arguments& arguments, Output& output);
