@@ -29,7 +29,6 @@ struct LoadContext::WholeFile {
   NameIndex<bool> flagKeys;       // folded names, kept below
   std::deque<std::string> folded;
   std::unordered_set<std::int32_t> obdCodes;
-  bool referencesKnown = false;
   NameIndex<DataPositionItem*> references;
   std::unordered_map<const RequestItem*, std::unordered_map<std::string, DataPositionItem*>>
       positions; // by data name in lower case
@@ -64,11 +63,6 @@ void LoadContext::release(xml::Node element) {
 DataPositionItem* LoadContext::referencePosition(const TargetItem& target,
                                                  std::string_view dataName) {
   if (!file_) return target.GetDataPositionFromRefData(dataName);
-  if (!file_->referencesKnown) {
-    file_->referencesKnown = true;
-    for (DataPositionItem* position : target.datasRefAll())
-      file_->references.insert(position->dataName, position);
-  }
   DataPositionItem* const* found = file_->references.find(dataName);
   return found ? *found : nullptr;
 }
@@ -105,6 +99,13 @@ bool LoadContext::isObdTaken(const OrganeItem& device, std::int32_t obd) {
            (device.Tests && device.Tests->ItemOBD(obd));
   }
   return file_->obdCodes.contains(obd);
+}
+
+void LoadContext::noteReferences(const RequestItem& request) {
+  if (!file_ || !request.DataPositions) return;
+  // Of several references to one data the first stays.
+  for (DataPositionItem* position : *request.DataPositions)
+    if (position->reference) file_->references.insert(position->dataName, position);
 }
 
 void LoadContext::noteDeviceData(std::string_view dataName) {

@@ -53,6 +53,8 @@ class LoadContext {
   bool isTakenByDevice(const OrganeItem& device, std::string_view dataName);
   /// The same for the OBD code of a test.
   bool isObdTaken(const OrganeItem& device, std::int32_t obd);
+  /// A request that has become a member of its ECU.
+  void noteReferences(const RequestItem& request);
   /// The text must stay where it is while the file is read.
   void noteDeviceData(std::string_view dataName);
   void noteFlag(std::string_view dataName);

@@ -248,7 +248,7 @@ void RequestItems::loadXml(OmnikorLibXml& database, xml::Node parent, TargetItem
         item->loadXml(database, node);
         return item;
       },
-      [this](Pointer item) { AddData(std::move(item)); });
+      [&](Pointer item) { load.noteReferences(*AddData(std::move(item))); });
 }
 
 } // namespace kelmar

@@ -107,6 +107,11 @@ bool isNameCharacter(char32_t character) {
 bool isXmlName(std::string_view name) {
   if (name.empty()) return false;
   for (bool first = true; !name.empty(); first = false) {
+    const char byte = name.front();
+    if ((byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z')) { // nearly all of them
+      name.remove_prefix(1);
+      continue;
+    }
     const DecodedCharacter next = decodeUtf8(name);
     if (next.length == 0) return false;
     if (first ? !isNameStart(next.character) : !isNameCharacter(next.character)) return false;
