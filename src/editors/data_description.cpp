@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/data_description.h"
+
+#include "base/text.h"
+#include "desktop/qt_text.h"
+#include "desktop/translate_control.h"
+#include "editors/rules/datas/fiche.h"
+#include "language/multi_lang.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace kelmar {
+
+using desktop::qs;
+using desktop::u8;
+
+QuietBrowser::QuietBrowser(QWidget* parent) : QTextBrowser(parent) {
+  setOpenLinks(false);
+  setOpenExternalLinks(false);
+}
+
+QVariant QuietBrowser::loadResource(int, const QUrl&) { return {}; }
+
+frmDataDescription::frmDataDescription(const QString& title, const std::string& fiche,
+                                       QWidget* parent)
+    : QDialog(parent), fiche_(fiche), WebBrowser1(new QuietBrowser(this)),
+      rtbDescription(new QuietBrowser(this)) {
+  setObjectName(QStringLiteral("frmDataDescription"));
+  setWindowTitle(title);
+  WebBrowser1->setObjectName(QStringLiteral("WebBrowser1"));
+  rtbDescription->setObjectName(QStringLiteral("rtbDescription"));
+  auto* OKButton = new QPushButton(QStringLiteral("Save"), this);
+  OKButton->setObjectName(QStringLiteral("OKButton"));
+  auto* CancelButton = new QPushButton(QStringLiteral("Close"), this);
+  CancelButton->setObjectName(QStringLiteral("CancelButton"));
+  OKButton->setAutoDefault(false);
+  CancelButton->setAutoDefault(false);
+
+  auto* rows = new QVBoxLayout(this);
+  rows->addWidget(WebBrowser1);
+  rows->addWidget(rtbDescription);
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(OKButton);
+  buttons->addWidget(CancelButton);
+  rows->addLayout(buttons);
+  resize(640, 420);
+
+  const FicheKind kind = ficheKind(fiche);
+  editable_ = kind == FicheKind::Plain;
+  WebBrowser1->setVisible(kind == FicheKind::Page);
+  rtbDescription->setVisible(kind != FicheKind::Page);
+  rtbDescription->setReadOnly(!editable_);
+  rtbDescription->setAcceptRichText(false);
+  rtbDescription->setUndoRedoEnabled(true);
+  if (kind == FicheKind::Page)
+    WebBrowser1->setHtml(qs(fichePage(fiche)));
+  else if (kind == FicheKind::RichText)
+    rtbDescription->setHtml(qs(richTextToHtml(fiche)));
+  else
+    rtbDescription->setPlainText(qs(fiche));
+
+  desktop::TranslateControl(*this, language::global(), "DATADESCRIPTION/CONTROLS");
+  connect(OKButton, &QPushButton::clicked, this, &QDialog::accept);
+  connect(CancelButton, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+std::string frmDataDescription::text() const {
+  if (!editable_) return fiche_;
+  const std::string shown = u8(rtbDescription->toPlainText());
+  // The field knows line feeds only; a text that was not touched keeps the ends that it has.
+  return replaceAll(fiche_, "\r\n", "\n") == shown ? fiche_ : widenLineFeeds(shown);
+}
+
+} // namespace kelmar

@@ -1,0 +1,300 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/uce_data_list.h"
+
+#include "base/conversions.h"
+#include "desktop/clipboard.h"
+#include "desktop/qt_text.h"
+#include "desktop/translate_control.h"
+#include "editors/data_description.h"
+#include "language/error_box.h"
+#include "language/multi_lang.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace kelmar {
+
+using desktop::qs;
+using desktop::u8;
+
+namespace {
+
+std::string textOf(const KeyedText& text) {
+  return language::global().getMultilangMessageDefault(std::string(text.text), text.key);
+}
+
+} // namespace
+
+UceDataList::UceDataList(platform::Person& person, QWidget* parent)
+    : QWidget(parent), person_(person) {
+  setProperty(desktop::ownTextsProperty, true);
+  makeControls();
+  makeCommands();
+  refresh();
+}
+
+void UceDataList::makeControls() {
+  TBMain = new QToolBar(this);
+  TBMain->setObjectName(QStringLiteral("TBMain"));
+  TBMain->setIconSize(QSize(18, 18));
+  LVmain = new ListView(
+      {{.key = "value", .caption = "Value", .sort = SortType::Number, .width = 90},
+       {.key = "label", .caption = "Text"}},
+      {.text =
+           [](RowTag tag, int column) {
+             const auto& row = *static_cast<ValueRow*>(tag);
+             return column == 0 ? std::to_string(row.value) : row.label;
+           },
+       .look =
+           [this](RowTag tag) {
+             RowLook look;
+             if (data_) look.toolTip = hexTip(static_cast<ValueRow*>(tag)->value, data_->NumberBits);
+             return look;
+           }},
+      this);
+  LVmain->setObjectName(QStringLiteral("LVmain"));
+  ValRange = new ZEMnumeric(this);
+  ValRange->setObjectName(QStringLiteral("ValRange"));
+  ValRange->setRangeChecking(true);
+  ValRange->SetMinMax(-2147483648.0, 2147483647.0);
+  ValRange->setDiscrete(true);
+  ValRange->setDiscreteInterval(1);
+  ValText = new QLineEdit(this);
+  ValText->setObjectName(QStringLiteral("ValText"));
+  Infos = new QPushButton(QStringLiteral("Value specific documentation ..."), this);
+  Infos->setObjectName(QStringLiteral("Infos"));
+  CBaddNew = new QPushButton(QStringLiteral("Add"), this);
+  CBaddNew->setObjectName(QStringLiteral("CBaddNew"));
+
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(TBMain);
+  rows->addWidget(LVmain, 1);
+  auto* fields = new QHBoxLayout;
+  fields->addWidget(ValRange);
+  fields->addWidget(ValText, 1);
+  fields->addWidget(CBaddNew);
+  rows->addLayout(fields);
+  rows->addWidget(Infos, 0, Qt::AlignLeft);
+
+  connect(ValRange, &ZEMnumeric::Change, this, [this] { fieldChanged(); });
+  connect(ValText, &QLineEdit::textChanged, this, [this] { fieldChanged(); });
+  connect(ValText, &QLineEdit::returnPressed, this, [this] {
+    if (shown_ && itemChanged_) changeItem();
+  });
+  connect(CBaddNew, &QPushButton::clicked, this, [this] { addNew(); });
+  connect(Infos, &QPushButton::clicked, this, [this] { editInfo(); });
+  connect(LVmain, &ListView::currentMoved, this, [this] { rowClicked(); });
+  connect(LVmain, &ListView::selectionMoved, this, [this] { refresh(); });
+  LVmain->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(LVmain, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
+    popUpMenu(*LVmain, QStringLiteral("PopupRange"), LVmain->viewport()->mapToGlobal(where), menu(),
+              [this](const MenuEntry& entry) { chosen(entry); });
+  });
+}
+
+void UceDataList::makeCommands() {
+  const auto state = [this] {
+    return valueListControls({data_ != nullptr, int(selectedRows().size()), itemChanged_});
+  };
+  std::vector<Command> table{
+      {.key = "cancel", .toolTip = "Cancel changes", .icon = "cancel",
+       .run = [this] { showRow(shown_); }, .enabled = [state] { return state().cancel; }},
+      {.key = "save", .toolTip = "Valid changes", .icon = "valid",
+       .run = [this] { changeItem(); }, .enabled = [state] { return state().save; }},
+      {.key = "cut", .toolTip = "Cut selected items (Ctrl X)", .icon = "cut",
+       .run = [this] { chosen({.key = "PopupRcut"}); }, .enabled = [state] { return state().cut; },
+       .shortcuts = {QKeySequence(QKeySequence::Cut), QKeySequence(Qt::Key_Delete)}},
+      {.key = "copy", .toolTip = "Copy selected items to clipboard (Ctrl C)", .icon = "copy",
+       .run = [this] { copy(false); }, .enabled = [state] { return state().copy; },
+       .shortcuts = {QKeySequence(QKeySequence::Copy)}},
+      {.key = "paste", .toolTip = "Paste items from clipboard (Ctrl V)", .icon = "paste",
+       .run = [this] { paste(); }, .enabled = [state] { return state().paste; },
+       .shortcuts = {QKeySequence(QKeySequence::Paste)}},
+      {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVmain); },
+       .shortcuts = {QKeySequence(QKeySequence::SelectAll)}}};
+  // The keys belong to the list: in the fields they are those of any text.
+  commands_ = new CommandTable(LVmain, std::move(table));
+  commands_->fillToolBar(*TBMain, {"cancel", "save", "", "cut", "copy", "paste"});
+}
+
+void UceDataList::InitControl() {
+  desktop::TranslateControl(*this, language::global(), "DATALIST/CONTROLS");
+}
+
+void UceDataList::setLang(const std::string&) { InitControl(); }
+
+void UceDataList::setData(DataItem* data) {
+  data_ = data;
+  shown_ = nullptr;
+  values_.bind(data);
+  fillRows(nullptr);
+}
+
+void UceDataList::fillRows(ValueRow* current) {
+  std::vector<RowTag> tags;
+  for (const auto& row : values_.rows()) tags.push_back(row.get());
+  loading_ = true;
+  LVmain->rows().setRows(std::move(tags));
+  if (current) LVmain->selectOnly(current);
+  loading_ = false;
+  showRow(current);
+}
+
+void UceDataList::SaveDataItems() {
+  if (!data_) return;
+  try {
+    values_.SaveDataItems(*data_);
+  } catch (const Failure& failure) {
+    ShowErrorBox(person_, language::global(), failure);
+  }
+}
+
+bool UceDataList::TestAndConfirmChange() {
+  if (!itemChanged_ || !shown_) return false;
+  constexpr char changedKey[] = "DATALIST/MSG/TestAndConfirmChange/text";
+  const CMultiLangEx& texts = language::global();
+  const platform::Box question{
+      changedKey,
+      texts.getMultilangMessageDefault("Confirm", "DATALIST/MSG/TestAndConfirmChange/title"),
+      texts.getMultilangMessageDefault("Item has been modified. Save change ?", changedKey),
+      platform::Buttons::YesNo, platform::Icon::Question};
+  const bool applied = person_.message(question) == platform::Answer::Yes && changeItem();
+  itemChanged_ = false;
+  refresh();
+  return applied;
+}
+
+std::vector<ValueRow*> UceDataList::selectedRows() const {
+  std::vector<ValueRow*> rows;
+  for (const RowTag tag : LVmain->selectedTags()) rows.push_back(static_cast<ValueRow*>(tag));
+  return rows;
+}
+
+ValueRow* UceDataList::currentRow() const { return static_cast<ValueRow*>(LVmain->currentTag()); }
+
+void UceDataList::rowClicked() {
+  if (loading_ || currentRow() == shown_) return;
+  ValueRow* row = currentRow();
+  TestAndConfirmChange();
+  showRow(row);
+}
+
+void UceDataList::showRow(const ValueRow* row) {
+  shown_ = const_cast<ValueRow*>(row); // the list is ours
+  loading_ = true;
+  ValRange->setvalue(row ? row->value : 0);
+  ValText->setText(row ? qs(row->label) : QString());
+  info_ = row ? row->info : std::string();
+  loading_ = false;
+  itemChanged_ = false;
+  refresh();
+}
+
+void UceDataList::fieldChanged() {
+  if (loading_) return;
+  itemChanged_ = true;
+  refresh();
+}
+
+void UceDataList::refresh() {
+  if (!commands_) return;
+  commands_->refresh();
+  CBaddNew->setEnabled(
+      valueListControls({data_ != nullptr, int(selectedRows().size()), itemChanged_}).CBaddNew);
+  Infos->setEnabled(data_ != nullptr);
+}
+
+bool UceDataList::changeItem() {
+  if (!shown_) return false;
+  ValRange->commitText();
+  if (!values_.changeItem(*shown_, toInt32(ValRange->value()), u8(ValText->text()), info_, person_))
+    return false;
+  LVmain->rows().refresh(shown_);
+  showRow(shown_);
+  tellChange();
+  return true;
+}
+
+void UceDataList::addNew() {
+  ValRange->commitText();
+  ValueRow* added = values_.add(toInt32(ValRange->value()), u8(ValText->text()), info_, person_);
+  if (!added) return;
+  loading_ = true;
+  LVmain->clearSelection();
+  LVmain->rows().insertTag(added);
+  LVmain->scrollTo(LVmain->rows().index(LVmain->rows().rowCount() - 1, 0));
+  loading_ = false;
+  showRow(nullptr);
+  ValRange->setFocus();
+  tellChange();
+}
+
+void UceDataList::editInfo() {
+  const QString title = qs(textOf({"DATALIST/MSG/Infos/title", "Value"})) + QLatin1Char(' ') +
+                        ValRange->text();
+  frmDataDescription dialog(title, info_, this);
+  if (dialog.exec() != QDialog::Accepted || dialog.text() == info_) return;
+  info_ = dialog.text();
+  fieldChanged();
+}
+
+void UceDataList::copy(bool asText) {
+  const std::vector<ValueRow*> rows = selectedRows();
+  if (rows.empty()) return;
+  try {
+    desktop::setClipboardText(asText ? copyValuesText(rows) : copyValues(rows));
+  } catch (const Failure& failure) {
+    ShowErrorBox(person_, language::global(), failure);
+  }
+}
+
+void UceDataList::paste() {
+  if (!data_ || !values_.paste(desktop::clipboardText(), person_)) return;
+  fillRows(nullptr);
+  tellChange();
+}
+
+void UceDataList::tellChange() { emit listChanged(); }
+
+std::vector<MenuEntry> UceDataList::menu() const {
+  const bool some = !selectedRows().empty();
+  return {{"PopupRcut", textOf({"DATALIST/CONTROLS/PopupRcut/caption", "Cut"}),
+           MenuEntry::Kind::Command, some},
+          {"PopupRcopy", textOf({"DATALIST/CONTROLS/PopupRcopy/caption", "Copy"}),
+           MenuEntry::Kind::Command, some},
+          {"PopupRCopyText", textOf({"DATALIST/CONTROLS/PopupRCopyText/caption", "Copy text"}),
+           MenuEntry::Kind::Command, some},
+          {"PopupRpaste", textOf({"DATALIST/CONTROLS/PopupRpaste/caption", "Paste"}),
+           MenuEntry::Kind::Command, data_ != nullptr},
+          {"PopupRNormalize",
+           textOf({"DATALIST/CONTROLS/PopupRNormalize/caption", "Normalize labels"}),
+           MenuEntry::Kind::Command, some},
+          {"PopupRhelp", textOf({"DATALIST/CONTROLS/PopupRhelp/caption", "Help"})}};
+}
+
+void UceDataList::chosen(const MenuEntry& entry) {
+  bool changed = false;
+  if (entry.key == "PopupRcut") {
+    copy(false);
+    changed = values_.cut(selectedRows(), person_);
+  } else if (entry.key == "PopupRNormalize") {
+    changed = values_.normalize(selectedRows(), person_);
+  } else if (entry.key == "PopupRcopy" || entry.key == "PopupRCopyText") {
+    copy(entry.key == "PopupRCopyText");
+  } else if (entry.key == "PopupRpaste") {
+    paste();
+  } else if (entry.key == "PopupRhelp") {
+    emit help();
+  }
+  if (!changed) return;
+  fillRows(nullptr);
+  tellChange();
+}
+
+} // namespace kelmar

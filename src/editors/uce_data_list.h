@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "common/name_commands.h"
+#include "controls/command_table.h"
+#include "controls/list_view.h"
+#include "controls/zem_numeric.h"
+#include "editors/rules/datas/value_list.h"
+
+#include <QWidget>
+
+class QLineEdit;
+class QPushButton;
+class QToolBar;
+
+namespace kelmar {
+
+/// Edits the value list of one data. It works on a copy; the data gets it by SaveDataItems.
+class UceDataList : public QWidget {
+  Q_OBJECT
+
+ public:
+  UceDataList(platform::Person& person, QWidget* parent);
+
+  /// Shows the values of the data, in their order; none empties the control.
+  void setData(DataItem* data);
+  DataItem* data() const { return data_; }
+  /// The rows as they are now become the value list of the data. A value or label that a file
+  /// brought twice is kept once, and a box says so.
+  void SaveDataItems();
+  /// Asks about a changed item that was not taken over. True when it was.
+  bool TestAndConfirmChange();
+  void InitControl();
+  void setLang(const std::string& lang);
+
+ signals:
+  void listChanged();
+  /// F1 was pressed.
+  void help();
+
+ private:
+  void makeControls();
+  void makeCommands();
+  std::vector<MenuEntry> menu() const;
+  void chosen(const MenuEntry& entry);
+  std::vector<ValueRow*> selectedRows() const;
+  ValueRow* currentRow() const;
+  void fillRows(ValueRow* current);
+  void rowClicked();
+  void showRow(const ValueRow* row);
+  void fieldChanged();
+  void refresh();
+  bool changeItem();
+  void addNew();
+  void editInfo();
+  void copy(bool asText);
+  void paste();
+  void tellChange();
+
+  platform::Person& person_;
+  DataItem* data_ = nullptr;
+  ValueList values_;
+  ValueRow* shown_ = nullptr; // the row in the fields
+  std::string info_;
+  bool itemChanged_ = false, loading_ = false;
+  QToolBar* TBMain = nullptr;
+  ListView* LVmain = nullptr;
+  ZEMnumeric* ValRange = nullptr;
+  QLineEdit* ValText = nullptr;
+  QPushButton *Infos = nullptr, *CBaddNew = nullptr;
+  CommandTable* commands_ = nullptr;
+};
+
+} // namespace kelmar

@@ -1,0 +1,306 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/uce_datas.h"
+
+#include "base/conversions.h"
+#include "base/text.h"
+#include "controls/colours.h"
+#include "desktop/qt_text.h"
+#include "desktop/translate_control.h"
+#include "editors/rules/datas/data_units.h"
+#include "editors/uce_datas_parts.h"
+#include "language/error_box.h"
+#include "language/multi_lang.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSplitter>
+#include <QStackedWidget>
+
+#include <algorithm>
+
+namespace kelmar {
+
+using desktop::qs;
+using desktop::u8;
+
+namespace {
+
+DataItem& dataOf(RowTag tag) { return *static_cast<DataItem*>(tag); }
+
+void setNumber(ZEMnumeric& field, double value) {
+  // A number of a file may lie outside what can be typed; it is shown as it is.
+  field.setRangeChecking(false);
+  field.setvalue(value);
+  field.setRangeChecking(true);
+}
+
+} // namespace
+
+UceDatas::UceDatas(platform::Person& person, std::string site, QWidget* parent)
+    : ListPage(person,
+               {{"DATAS/MSG/FindItem/text", "Find data name which contains:"},
+                {"DATAS/MSG/FindItem/title", "Find data"}},
+               parent),
+      parts_(std::make_unique<Parts>(*this, std::move(site))) {
+  parts_->makeControls();
+  useList(*parts_->listDatas, *parts_->lblInfo);
+  parts_->makeCommands();
+  parts_->connectControls();
+  bindPageKeys();
+  showItem(nullptr);
+  stateMoved();
+}
+
+UceDatas::~UceDatas() = default;
+
+void UceDatas::InitControl() {
+  const CMultiLangEx& texts = language::global();
+  desktop::TranslateControl(*this, texts, "DATAS/CONTROLS");
+  parts_->types[0]->setText(qs(texts.getMultilangMessageDefault(
+      "Numeric", "DATAS/CONTROLS/OPtype/Numeric/caption")));
+  parts_->types[1]->setText(qs(texts.getMultilangMessageDefault(
+      "Numeric list", "DATAS/CONTROLS/OPtype/NumericList/caption")));
+  parts_->types[2]->setText(qs(texts.getMultilangMessageDefault(
+      "Not numeric", "DATAS/CONTROLS/OPtype/NotNumeric/caption")));
+  parts_->UceDataList1->InitControl();
+  xml::Document units;
+  parts_->units.clear();
+  if (loadUnits(units, parts_->site)) parts_->units = unitsMenu(units, parts_->lang);
+  parts_->cmdSelectUnit->setEnabled(!parts_->units.empty());
+  refreshCount();
+}
+
+void UceDatas::setLang(const std::string& lang) {
+  parts_->lang = lang;
+  if (!parts_->database && lang.empty()) return;
+  InitControl();
+  if (parts_->data()) parts_->FrameInfos->setTitle(qs(replaceAll(nameOf(active()), "&", "&&")));
+}
+
+void UceDatas::displayDatas(OmnikorLibXml& database, const std::string&) {
+  parts_->database = &database;
+  dropActive();
+  fillList();
+  parts_->listDatas->setFocus();
+}
+
+void UceDatas::SizeControls() {
+  const int all = parts_->splitter->width();
+  parts_->splitter->setSizes({all * 11 / 20, all - all * 11 / 20});
+}
+
+QString UceDatas::EditDataName() const {
+  return active() ? qs(nameOf(active())) : qs(rememberedName());
+}
+
+void UceDatas::setEditDataName(const QString& name) {
+  if (!chooseName(u8(name))) rememberName(u8(name));
+}
+
+std::vector<RowTag> UceDatas::items() const {
+  std::vector<RowTag> tags;
+  const TargetItem* target = parts_->target();
+  if (!target || !target->datas()) return tags;
+  for (DataItem* item : *target->datas()) tags.push_back(item);
+  const bool descending = parts_->sortOrder == 1;
+  std::stable_sort(tags.begin(), tags.end(), [descending](RowTag left, RowTag right) {
+    const std::string &a = dataOf(left).dataName(), &b = dataOf(right).dataName();
+    return descending ? b < a : a < b;
+  });
+  return tags;
+}
+
+std::string UceDatas::nameOf(RowTag item) const { return dataOf(item).dataName(); }
+
+std::string UceDatas::countText(int rows) const {
+  return language::global().getMultilangMessageDefault(
+      "{0} data", "DATAS/MSG/RefreshListCount/data/text", std::to_string(rows));
+}
+
+void UceDatas::showItem(RowTag item) {
+  Parts& parts = *parts_;
+  parts.warn({});
+  parts.showControls(item ? fieldsOf(dataOf(item)) : DataFields{});
+  parts.FrameInfos->setTitle(item ? qs(replaceAll(nameOf(item), "&", "&&")) : QString());
+  parts.FrameInfos->setEnabled(item != nullptr);
+  parts.labCoefC->setVisible(item && divisorIsZero(dataOf(item)));
+  parts.UceDataList1->setData(item ? &dataOf(item) : nullptr);
+}
+
+void UceDatas::stateMoved() {
+  if (parts_->commands) parts_->commands->refresh();
+  if (parts_->listCommands) parts_->listCommands->refresh();
+}
+
+bool UceDatas::TestAndConfirmChange() {
+  if (!edits().changed()) return false;
+  constexpr char changedKey[] = "DATAS/MSG/TestAndConfirmChange/text";
+  const CMultiLangEx& texts = language::global();
+  const platform::Box question{
+      changedKey,
+      texts.getMultilangMessageDefault("Confirm data validation",
+                                       "DATAS/MSG/TestAndConfirmChange/title"),
+      texts.getMultilangMessageDefault("Data changed. Do you want to valid change ?", changedKey),
+      platform::Buttons::YesNo, platform::Icon::Question};
+  if (person().message(question) != platform::Answer::Yes) {
+    emit OnCancel();
+    edits().clear();
+    stateMoved();
+    return false;
+  }
+  const bool applied = parts_->takeOver();
+  refreshActiveRow();
+  if (applied) emit OnSave(false);
+  edits().clear();
+  stateMoved();
+  return applied;
+}
+
+DataFields UceDatas::Parts::readControls() const {
+  for (ZEMnumeric* field : {NumericNumberBits, ListeNumberBits, NotNumericNumberBytes})
+    field->commitText();
+  DataFields fields;
+  fields.OPtype = activeType;
+  fields.TextMnemo = u8(TextMnemo->text());
+  fields.TextDescription = u8(TextDescription->text());
+  // The field has one line; breaks that it does not show are not to be lost by it.
+  if (const DataItem* item = data();
+      item && replaceAll(replaceAll(item->Description, "\r\n", "\n"), "\n", " ") ==
+                  fields.TextDescription)
+    fields.TextDescription = item->Description;
+  fields.TextUnite = u8(TextUnite->text());
+  fields.TextFormat = u8(TextFormat->text());
+  fields.TextCoeffA = u8(TextCoeffA->text());
+  fields.TextCoeffB = u8(TextCoeffB->text());
+  fields.TextCoeffC = u8(TextCoeffC->text());
+  fields.NumericNumberBits = NumericNumberBits->value();
+  fields.CheckSigne = CheckSigne->isChecked();
+  fields.ListeNumberBits = ListeNumberBits->value();
+  fields.CheckSignedList = CheckSignedList->isChecked();
+  fields.NotNumericNumberBytes = NotNumericNumberBytes->value();
+  fields.RBascii = ascii->isChecked();
+  return fields;
+}
+
+void UceDatas::Parts::showControls(const DataFields& fields) {
+  TextMnemo->setText(qs(fields.TextMnemo));
+  TextDescription->setText(
+      qs(replaceAll(replaceAll(fields.TextDescription, "\r\n", "\n"), "\n", " ")));
+  TextUnite->setText(qs(fields.TextUnite));
+  TextFormat->setText(qs(fields.TextFormat));
+  TextCoeffA->setText(qs(fields.TextCoeffA));
+  TextCoeffB->setText(qs(fields.TextCoeffB));
+  TextCoeffC->setText(qs(fields.TextCoeffC));
+  setNumber(*NumericNumberBits, fields.NumericNumberBits);
+  CheckSigne->setChecked(fields.CheckSigne);
+  setNumber(*ListeNumberBits, fields.ListeNumberBits);
+  CheckSignedList->setChecked(fields.CheckSignedList);
+  setNumber(*NotNumericNumberBytes, fields.NotNumericNumberBytes);
+  (fields.RBascii ? ascii : hexa)->setChecked(true);
+  showForm(fields.OPtype);
+}
+
+void UceDatas::Parts::showForm(DataType type) {
+  activeType = type;
+  types[static_cast<std::size_t>(type)]->setChecked(true);
+  forms->setCurrentIndex(static_cast<int>(type));
+}
+
+void UceDatas::Parts::typeChosen(DataType type) {
+  if (page.edits().loading() || type == activeType) return;
+  DataFields fields = readControls();
+  changeType(fields, type);
+  {
+    const EditState::Loading loading = page.edits().load();
+    showControls(fields);
+  }
+  edited();
+}
+
+void UceDatas::Parts::edited() { page.SetChanged(Edited); }
+
+void UceDatas::Parts::coefficientEdited(QLineEdit& field) {
+  const std::string text = u8(field.text());
+  QPalette palette = page.palette();
+  if (!isCoefficient(text))
+    palette.setColor(QPalette::Text, readableOn(palette, shownColour(faultRed, palette)));
+  field.setPalette(palette);
+  const DataItem* item = data();
+  if (!item || page.edits().loading()) return;
+  const Coefficient& old = &field == TextCoeffA   ? item->CoeffA
+                           : &field == TextCoeffB ? item->CoeffB
+                                                  : item->CoeffC;
+  if (coefficientDiffers(text, old)) edited();
+}
+
+void UceDatas::Parts::numberEdited(const ZEMnumeric& field, double inItem) {
+  if (data() && field.valueOfText() != inItem) edited();
+}
+
+bool UceDatas::Parts::takeOver() {
+  DataItem* item = data();
+  if (!item) return false;
+  try {
+    if (!GetDataFromScreen(readControls(), *item, page.person())) return false;
+  } catch (const Failure& failure) {
+    for (QLineEdit* field : {TextCoeffA, TextCoeffB, TextCoeffC})
+      if (u8(field->objectName()) == failure.source) field->setFocus();
+    ShowErrorBox(page.person(), language::global(), failure);
+    return false;
+  }
+  if (activeType == DataType::NumericList) {
+    UceDataList1->TestAndConfirmChange();
+    UceDataList1->SaveDataItems();
+  }
+  return true;
+}
+
+void UceDatas::Parts::validate(bool toFile) {
+  if (!data()) return;
+  const bool applied = takeOver();
+  page.refreshActiveRow();
+  if (!applied) return;
+  emit page.OnSave(toFile);
+  page.edits().clear();
+  labCoefC->setVisible(divisorIsZero(*data()));
+  page.stateMoved();
+}
+
+void UceDatas::Parts::cancel() {
+  if (!data()) return;
+  {
+    const EditState::Loading loading = page.edits().load();
+    page.showItem(data());
+  }
+  emit page.OnCancel();
+  page.edits().clear();
+  page.stateMoved();
+}
+
+bool UceDatas::Parts::rename(DataItem& item, const std::string& text) {
+  if (text == item.dataName()) return true;
+  try {
+    target()->RenameData(&item, text);
+  } catch (const Failure& failure) {
+    ShowErrorBox(page.person(), language::global(), failure);
+    return false;
+  }
+  page.rememberName(text);
+  FrameInfos->setTitle(qs(replaceAll(text, "&", "&&")));
+  const bool pending = page.edits().changed();
+  page.announceApplied();
+  if (pending) edited(); // what stands in the fields is still to be taken over
+  return true;
+}
+
+void UceDatas::Parts::warn(const std::string& text) {
+  lblWarning->setText(qs(text));
+  lblWarning->setVisible(!text.empty());
+}
+
+} // namespace kelmar
