@@ -55,7 +55,8 @@ struct Model {
 };
 
 OmnikorLibXml& makeModel(const Arguments& arguments) {
-  static Model* kept = nullptr;
+  // Nobody reads it, so an ordinary one would be optimised away.
+  static Model* volatile kept = nullptr;
   kept = new Model(arguments);
   return kept->database;
 }
