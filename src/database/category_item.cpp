@@ -4,6 +4,7 @@
 
 #include "database/load_members.h"
 #include "database/omnikor_lib_xml.h"
+#include "database/position_finder.h"
 
 #include <unordered_set>
 
@@ -30,9 +31,14 @@ std::shared_ptr<CategoryItem> CategoryItem::clone(TargetItem* newParent) const {
 }
 
 void CategoryItem::createXMLnode(xml::Writer& out) const {
+  PositionFinder positions;
+  createXMLnode(out, positions);
+}
+
+void CategoryItem::createXMLnode(xml::Writer& out, PositionFinder& positions) const {
   out.attribute("Name", categoryName);
   out.lineFeed();
-  if (Screens) Screens->createXMLnode(out);
+  if (Screens) Screens->createXMLnode(out, positions);
   out.lineFeed();
 }
 
@@ -69,10 +75,15 @@ CategoryItem* CategoryItems::ItemName(std::string_view name) const {
 void CategoryItems::deleteItem(std::string_view name) { Items::deleteItem(ItemName(name)); }
 
 void CategoryItems::createXMLnode(xml::Writer& out) const {
+  PositionFinder positions;
+  createXMLnode(out, positions);
+}
+
+void CategoryItems::createXMLnode(xml::Writer& out, PositionFinder& positions) const {
   for (const CategoryItem* member : *this) {
     out.item("Category", member->categoryName);
     out.open("Category");
-    member->createXMLnode(out);
+    member->createXMLnode(out, positions);
     out.close();
   }
 }

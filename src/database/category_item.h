@@ -13,6 +13,7 @@
 namespace kelmar {
 
 class OmnikorLibXml;
+class PositionFinder;
 class TargetItem;
 
 /// A group of screens.
@@ -25,6 +26,7 @@ class CategoryItem {
   void clear();
   std::shared_ptr<CategoryItem> clone(TargetItem* newParent) const;
   void createXMLnode(xml::Writer& out) const;
+  void createXMLnode(xml::Writer& out, PositionFinder& positions) const;
   void loadXml(OmnikorLibXml& database, xml::Node element);
 };
 
@@ -40,6 +42,7 @@ class CategoryItems : public Items<CategoryItem> {
   void deleteItem(const CategoryItem* item) { deleteItem(item->categoryName); }
   void deleteItem(std::string_view name);
   void createXMLnode(xml::Writer& out) const;
+  void createXMLnode(xml::Writer& out, PositionFinder& positions) const;
   void loadXml(OmnikorLibXml& database, xml::Node parent, TargetItem* owner);
 };
 

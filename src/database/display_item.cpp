@@ -5,6 +5,7 @@
 #include "base/conversions.h"
 #include "database/load_members.h"
 #include "database/omnikor_lib_xml.h"
+#include "database/position_finder.h"
 #include "database/screen_item.h"
 #include "database/screen_requests.h"
 #include "database/screen_shapes.h"
@@ -43,6 +44,12 @@ DataPositionItem* DisplayDataItem::DataPosition() const {
   const RequestItem* request = requests ? requests->ItemName(requestName) : nullptr;
   if (!request || !request->DataPositions) return nullptr;
   return request->DataPositions->ItemName(dataName);
+}
+
+DataPositionItem* DisplayDataItem::DataPosition(PositionFinder& positions) const {
+  const RequestItems* requests = requestsOfDisplay(parent);
+  const RequestItem* request = requests ? requests->ItemName(requestName) : nullptr;
+  return request ? positions.find(*request, dataName) : nullptr;
 }
 
 void DisplayDataItem::setDataPosition(const DataPositionItem* position) {
@@ -92,6 +99,11 @@ std::shared_ptr<DisplayItem> DisplayItem::clone(ScreenItem* newParent) const {
 }
 
 void DisplayItem::createXMLnode(xml::Writer& out) const {
+  PositionFinder positions;
+  createXMLnode(out, positions);
+}
+
+void DisplayItem::createXMLnode(xml::Writer& out, PositionFinder& positions) const {
   std::string element = "Display";
   std::string data, request;
   if (TypeDisplay == requestOnly) {
@@ -100,7 +112,7 @@ void DisplayItem::createXMLnode(xml::Writer& out) const {
     request = DisplayExtraItem->requestName;
   } else {
     if (!DisplayDataItem && TypeDisplay == dataOfRequest) return;
-    const DataPositionItem* position = DisplayDataItem ? DisplayDataItem->DataPosition() : nullptr;
+    const DataPositionItem* position = DisplayDataItem ? DisplayDataItem->DataPosition(positions) : nullptr;
     if (!position) {
       Failure failure = platformFailure(MissingObject, "DisplayItem.createXMLnode");
       if (DisplayDataItem) {
@@ -219,9 +231,14 @@ std::shared_ptr<DisplayItems> DisplayItems::clone(ScreenItem* newParent) const {
 }
 
 void DisplayItems::createXMLnode(xml::Writer& out) const {
+  PositionFinder positions;
+  createXMLnode(out, positions);
+}
+
+void DisplayItems::createXMLnode(xml::Writer& out, PositionFinder& positions) const {
   for (const DisplayItem* member : *this) {
     out.lineFeed();
-    member->createXMLnode(out);
+    member->createXMLnode(out, positions);
   }
 }
 

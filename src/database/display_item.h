@@ -16,6 +16,7 @@ namespace kelmar {
 class DataPositionItem;
 class DisplayItem;
 class OmnikorLibXml;
+class PositionFinder;
 class RequestItem;
 class ScreenItem;
 
@@ -28,6 +29,8 @@ class DisplayDataItem {
 
   /// The position of that data in that request, none on any failure.
   DataPositionItem* DataPosition() const;
+  /// The same, found faster where many are asked for.
+  DataPositionItem* DataPosition(PositionFinder& positions) const;
   /// Takes both names; none changes nothing.
   void setDataPosition(const DataPositionItem* position);
   void clear() { parent = nullptr; }
@@ -73,6 +76,7 @@ class DisplayItem {
   /// Writes its own element, `Display` or `Input`. Raises MissingObject when the data position
   /// cannot be resolved.
   void createXMLnode(xml::Writer& out) const;
+  void createXMLnode(xml::Writer& out, PositionFinder& positions) const;
   void loadXml(OmnikorLibXml& database, xml::Node element);
 
  private:
@@ -85,6 +89,7 @@ class DisplayItems : public Items<DisplayItem> {
   DisplayItem* AddData(Pointer item, std::string_view key = {});
   std::shared_ptr<DisplayItems> clone(ScreenItem* newParent) const;
   void createXMLnode(xml::Writer& out) const;
+  void createXMLnode(xml::Writer& out, PositionFinder& positions) const;
   void loadXml(OmnikorLibXml& database, xml::Node parent, ScreenItem* owner);
 };
 

@@ -4,6 +4,7 @@
 
 #include "database/load_members.h"
 #include "database/omnikor_lib_xml.h"
+#include "database/position_finder.h"
 
 #include <unordered_map>
 
@@ -43,6 +44,11 @@ std::shared_ptr<ScreenItem> ScreenItem::clone(CategoryItem* newParent) const {
 }
 
 void ScreenItem::createXMLnode(xml::Writer& out) const {
+  PositionFinder positions;
+  createXMLnode(out, positions);
+}
+
+void ScreenItem::createXMLnode(xml::Writer& out, PositionFinder& positions) const {
   out.attribute("Name", screenName);
   out.attribute("Color", ScreenColor);
   out.attribute("WindowState", WindowState);
@@ -57,7 +63,7 @@ void ScreenItem::createXMLnode(xml::Writer& out) const {
   }
   if (ButtonItems) ButtonItems->createXMLnode(out);
   out.lineFeed();
-  if (DisplayItems) DisplayItems->createXMLnode(out);
+  if (DisplayItems) DisplayItems->createXMLnode(out, positions);
   out.lineFeed();
 }
 
@@ -133,10 +139,15 @@ std::shared_ptr<ScreenItems> ScreenItems::clone(CategoryItem* newParent) const {
 }
 
 void ScreenItems::createXMLnode(xml::Writer& out) const {
+  PositionFinder positions;
+  createXMLnode(out, positions);
+}
+
+void ScreenItems::createXMLnode(xml::Writer& out, PositionFinder& positions) const {
   for (const ScreenItem* member : *this) {
     out.item("Screen", member->screenName);
     out.open("Screen");
-    member->createXMLnode(out);
+    member->createXMLnode(out, positions);
     out.close();
   }
 }

@@ -17,6 +17,7 @@ namespace kelmar {
 
 class CategoryItem;
 class OmnikorLibXml;
+class PositionFinder;
 
 /// A screen of the diagnostic tool. Geometry is in twips.
 class ScreenItem {
@@ -36,6 +37,7 @@ class ScreenItem {
   void clear();
   std::shared_ptr<ScreenItem> clone(CategoryItem* newParent) const;
   void createXMLnode(xml::Writer& out) const;
+  void createXMLnode(xml::Writer& out, PositionFinder& positions) const;
   void loadXml(OmnikorLibXml& database, xml::Node element);
 };
 
@@ -52,6 +54,7 @@ class ScreenItems : public Items<ScreenItem> {
   void deleteItem(std::string_view name);
   std::shared_ptr<ScreenItems> clone(CategoryItem* newParent) const;
   void createXMLnode(xml::Writer& out) const;
+  void createXMLnode(xml::Writer& out, PositionFinder& positions) const;
   void loadXml(OmnikorLibXml& database, xml::Node parent, CategoryItem* owner);
 
  private:
