@@ -73,7 +73,7 @@ bool ListPage::eventFilter(QObject* watched, QEvent* event) {
     // item again, also when the click goes to the same row.
     const bool applied = TestAndConfirmChange();
     confirmedByClick(applied);
-    show(active_);
+    makeActive(active_);
   }
   return Page::eventFilter(watched, event);
 }
@@ -82,10 +82,10 @@ void ListPage::rowChosen() {
   const RowTag item = list_->currentTag();
   if (!item || item == active_) return;
   TestAndConfirmChange();
-  show(item);
+  makeActive(item);
 }
 
-void ListPage::show(RowTag item) {
+void ListPage::makeActive(RowTag item) {
   active_ = item;
   if (item) lastName_ = nameOf(item);
   {
@@ -96,7 +96,7 @@ void ListPage::show(RowTag item) {
   stateMoved();
 }
 
-void ListPage::dropActive() { show(nullptr); }
+void ListPage::dropActive() { makeActive(nullptr); }
 
 void ListPage::SetChanged(int kind) {
   if (!active_ || edits_.loading()) return;
@@ -125,7 +125,7 @@ void ListPage::fill(const std::function<void()>& select) {
     select();
   }
   refreshCount();
-  show(list_->currentTag());
+  makeActive(list_->currentTag());
 }
 
 void ListPage::fillList() {
@@ -154,7 +154,7 @@ void ListPage::choose(RowTag item) {
     const Raised filling(filling_);
     list_->selectOnly(item);
   }
-  if (list_->currentTag() == item && (moves || !edits_.changed())) show(item);
+  if (list_->currentTag() == item && (moves || !edits_.changed())) makeActive(item);
 }
 
 bool ListPage::chooseName(const std::string& name) {
@@ -173,7 +173,7 @@ void ListPage::addRow(RowTag item, std::optional<int> before) {
     list_->selectOnly(item);
   }
   refreshCount();
-  show(item);
+  makeActive(item);
   list_->editName(item);
 }
 

@@ -129,7 +129,7 @@ class ListPage : public Page {
 
  private:
   void rowChosen();
-  void show(RowTag item);
+  void makeActive(RowTag item);
   void fill(const std::function<void()>& select);
 
   platform::Person& person_;
