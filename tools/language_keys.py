@@ -151,6 +151,21 @@ def key_helpers_of(sources):
     return helpers
 
 
+def array_rows_of(sources):
+    """{name of an array of menu entries: {index: text}}, from rows {"name", index, "text", {..."""
+    rows = {}
+    for tokens in sources:
+        for at in range(len(tokens) - 7):
+            row = tokens[at:at + 8]
+            if [token.text for token in row[::2]] != ["{", ",", ",", ","] or row[7].text != "{":
+                continue
+            name, index, text = row[1], row[3], row[5]
+            if name.kind == text.kind == "string" and re.match(r"^\w+$", name.text) and (
+                    index.text.isdigit()):
+                rows.setdefault(name.text, {})[index.text] = text.text
+    return rows
+
+
 def arguments_at(tokens, opening):
     """The arguments behind the opening bracket at this index, each a list of tokens."""
     arguments, depth = [[]], 0
@@ -194,6 +209,12 @@ class Code:
         for path in sorted((root / "src").rglob("*")):
             if path.suffix in (".cpp", ".h"):
                 sources[path.relative_to(root).as_posix()] = tokens_of(path.read_text("utf-8"))
+        self.arrays = {}  # of each folder
+        for path in sources:
+            folder = path.rsplit("/", 1)[0]
+            if folder not in self.arrays:
+                self.arrays[folder] = array_rows_of(
+                    tokens for other, tokens in sources.items() if other.rsplit("/", 1)[0] == folder)
         headers = [tokens for path, tokens in sources.items() if path.endswith(".h")]
         for path, tokens in sources.items():
             self.named = constants_of(headers + [tokens])
@@ -223,6 +244,10 @@ class Code:
         place = 1 if with_default else 0
         if len(arguments) <= place:
             return
+        texts = [token.text for token in arguments[place] if token.kind == "string"]
+        if len(texts) == 3 and KEY_BEGIN.match(texts[0]) and texts[1:] == ["/item", "/caption"]:
+            self.read_array(path, texts[0], arguments[place], taken)
+            return
         keys = [text for text in literals_of(arguments[place], self.named) if KEY.match(text)]
         for token in arguments[place]:
             taken.add(id(token))
@@ -238,6 +263,15 @@ class Code:
         for key in keys:
             for default in defaults or [None]:
                 self.uses.append(Use(key, default, f"{path}:{line}", file))
+
+    def read_array(self, path, area, argument, taken):
+        """Keys of menu arrays, area + name + "/item" + index + "/caption": the rows are the table
+        beside the call."""
+        place = f"{path}:{argument[0].line}"
+        taken.update(id(token) for token in argument)
+        for name, entries in self.arrays[path.rsplit("/", 1)[0]].items():
+            for index, text in entries.items():
+                self.uses.append(Use(f"{area}{name}/item{index}/caption", text, place, PAGES_FILE))
 
     def read_literal(self, path, tokens, at):
         token = tokens[at]

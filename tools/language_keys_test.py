@@ -207,6 +207,16 @@ class TheCheck(unittest.TestCase):
         self.plant("FIRST/MSG/cut/title", "User confirm", "Confirmation")
         self.assertEqual(self.faults(), [])
 
+    def test_reads_the_rows_of_a_menu_array(self):
+        self.write("src/first/rows.cpp", 'const Row rows[] = {{"ppBits", 12, "12 bits", {8}}};\n')
+        self.write("src/first/menu.cpp",
+                   'texts.getMultilangMessageDefault(row.text, "FIRST/CONTROLS/" + '
+                   'std::string(array) + "/item" + index + "/caption");\n')
+        self.plant("FIRST/CONTROLS/ppBits/item12/caption", "12 bit", "12 éléments")
+        self.assert_found("ppBits/item12/caption: the English text is not that of the code")
+        self.plant("FIRST/CONTROLS/ppBits/item12/caption", "12 bits", "12 éléments")
+        self.assertEqual(self.faults(), [])
+
     def test_reads_the_captions_of_the_tabs(self):
         self.write("src/frame/rules/page_table.cpp",
                    '{2, "datas", "Data", "Edit datas", "UceDatas1",\n'

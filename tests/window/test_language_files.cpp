@@ -208,6 +208,9 @@ class NamedInCode {
         code_ += support::bytesOf(entry.path().string());
   }
   bool contains(const std::string& key) const {
+    // Of the entries of a menu array, the code names the array.
+    if (const std::size_t item = key.rfind("/item"); item != std::string::npos)
+      return contains(key.substr(key.rfind('/', item - 1) + 1, item - key.rfind('/', item - 1) - 1));
     return code_.find('"' + key + '"') != std::string::npos;
   }
 
