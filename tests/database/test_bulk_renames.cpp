@@ -35,10 +35,12 @@ void fill(TargetItem& target, unsigned seed) {
 
 std::string dump(const TargetItem& target) {
   std::string text;
-  for (const DataItem* data : *target.datas()) text += data->dataName() + ",";
+  for (const DataItem* data : *target.datas())
+    text += data->dataName() + ",";
   for (const RequestItem* request : *target.Requests()) {
     text += "\n";
-    for (const DataPositionItem* position : *request->DataPositions) text += position->dataName + ",";
+    for (const DataPositionItem* position : *request->DataPositions)
+      text += position->dataName + ",";
   }
   return text;
 }

@@ -331,7 +331,7 @@ std::string stateOf(Ecu& ecu) {
 TEST(CascadesOnRandomModels, AreThoseOfGoingUseByUse) {
   constexpr unsigned firstSeed = 4711;
   int changed = 0;
-  for (unsigned seed = firstSeed; seed < firstSeed + 400; ++seed) {
+  for (unsigned seed = firstSeed; seed < firstSeed + 200; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     RandomModel model(seed);
     const std::string text = model.text();
@@ -378,7 +378,7 @@ TEST(CascadesOnRandomModels, AreThoseOfGoingUseByUse) {
     }
     changed += stateOf(quick) != before;
   }
-  EXPECT_GT(changed, 350) << "nearly every sequence must do something";
+  EXPECT_GT(changed, 180) << "nearly every sequence must do something";
 }
 
 } // namespace

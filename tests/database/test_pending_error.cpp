@@ -53,7 +53,8 @@ struct Numbered {
 /// What a collection with the test adds of members whose load leaves these error numbers.
 std::string added(MemberTest test, const std::vector<int>& numbers, int refused = 0) {
   std::string text = "<l>";
-  for (const int number : numbers) text += "<m Name='" + std::to_string(number) + "'/>";
+  for (const int number : numbers)
+    text += "<m Name='" + std::to_string(number) + "'/>";
   const Fragment list(text + "</l>");
   LoadContext load;
   std::string kept;
@@ -69,7 +70,8 @@ std::string added(MemberTest test, const std::vector<int>& numbers, int refused 
         if (refused != 0 && member.number == refused) throw Failure(457, "s", "refused");
         kept += std::to_string(member.number) + " ";
       });
-  return kept + "| " + std::to_string(load.pending.number()) + " | " + std::to_string(load.report().size());
+  return kept + "| " + std::to_string(load.pending.number()) + " | " +
+         std::to_string(load.report().size());
 }
 
 TEST(StrictTest, AddsOnlyWhenTheSlotIsEmpty) {
@@ -87,7 +89,8 @@ TEST(BothTests, LeaveTheErrorOfTheAddingPending) {
 }
 
 TEST(TolerantReaders, LeaveTheFieldAndSetTheSlot) {
-  const Fragment element("<e text='t' number='5' bad='x' large='3000000000' flag='True' real='2.5'/>");
+  const Fragment element(
+      "<e text='t' number='5' bad='x' large='3000000000' flag='True' real='2.5'/>");
   LoadContext load;
   std::string text = "before";
   std::int32_t number = -1;
@@ -130,7 +133,8 @@ TEST(PendingErrorOfAFile, LeftByTheLastListFailsTheLoad) {
     Ecu ecu;
     return ecu.failureOfLoad(head + lists + tail);
   };
-  EXPECT_EQ(failureOf("<Datas><Data Name='D'/><Data Name='D'/></Datas>"), "457 : Key exists already");
+  EXPECT_EQ(failureOf("<Datas><Data Name='D'/><Data Name='D'/></Datas>"),
+            "457 : Key exists already");
   EXPECT_EQ(failureOf("<Datas><Data/></Datas>"),
             "1 DataItem.loadXml: DataItem.loadXml error : Name not defined");
   EXPECT_EQ(failureOf("<Datas><Data/></Datas><Requests/>"), "");
@@ -141,9 +145,10 @@ TEST(PendingErrorOfAFile, LeftByTheLastListFailsTheLoad) {
   EXPECT_EQ(failureOf("<Devices><Device Name='V'/><Device Name='V'/></Devices><AutoIdents/>"), "");
   EXPECT_EQ(failureOf("<Devices><Device Name='V'><Test/></Device></Devices>"),
             "1 TestItem.loadXml: TestItem.loadXml error : Type not found");
-  EXPECT_EQ(failureOf("<ds:Categories><Category Name='C'><Screen Name='S'><Display/></Screen></Category>"
-                      "</ds:Categories>"),
-            "1 DisplayItem.loadXml: requestName missing");
+  EXPECT_EQ(
+      failureOf("<ds:Categories><Category Name='C'><Screen Name='S'><Display/></Screen></Category>"
+                "</ds:Categories>"),
+      "1 DisplayItem.loadXml: requestName missing");
 }
 
 } // namespace
