@@ -315,9 +315,11 @@ class Code:
         for use in self.uses:
             if use.default is not None:
                 found[use.file].setdefault(use.key, {}).setdefault(use.default, use.place)
-        # A key that is only named, of a box say, has its default elsewhere.
+        # A key that is only named, of a box say, has its default elsewhere. The text of a box may come
+        # from a failure; it is then known by its title.
+        known = set().union(*found.values())
         for use in self.uses:
-            if use.default is None and not any(use.key in keys for keys in found.values()):
+            if use.default is None and not known & {use.key, re.sub("/text$", "/title", use.key)}:
                 self.faults.append(f"{use.place}: {use.key} has no default in the code")
         return found
 

@@ -177,6 +177,10 @@ class TheCheck(unittest.TestCase):
         self.write("src/first/other.cpp", 'person.message({"FIRST/MSG/delete/text", title, text});\n')
         self.assert_found("src/first/other.cpp:1: FIRST/MSG/delete/text has no default")
 
+    def test_passes_a_box_that_shows_the_text_of_a_failure(self):
+        self.write("src/first/other.cpp", 'box({"FIRST/MSG/rename/text", title, failure.text});\n')
+        self.assertEqual(self.faults(), [])
+
     def test_finds_a_key_that_is_made_at_run_time(self):
         self.write("src/first/other.cpp", 'const std::string key = "FIRST/MSG/" + routine;\n')
         self.assert_found("src/first/other.cpp:1: a key that begins with", "run time")
