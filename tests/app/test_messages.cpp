@@ -182,10 +182,12 @@ TEST(CliFailedLoad, DumpAndShow_PrintNothingOfIt) {
   EXPECT_EQ(cli.run({"uses", "a.xml", "Speed"}).out, "");
 }
 
-TEST(CliFailedLoad, BrokenFiles_AreRefusedByOneLine) {
+TEST(CliFailedLoad, FilesThatAreNoXml_AreRefusedByOneLine) {
   const Cli cli;
   std::size_t count = 0;
   for (const auto& entry : fs::directory_iterator(KELMAR_TEST_DATA "/broken")) {
+    // The others are well formed and load as far as they can.
+    if (!entry.path().filename().string().starts_with("xml-")) continue;
     const CliResult result = cli.run({"show", entry.path().string()});
     EXPECT_EQ(result.code, 1) << entry << result;
     EXPECT_EQ(result.err.find("kelmar-cli: " + entry.path().string() + ": error "), 0u) << result;
