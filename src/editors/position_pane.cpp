@@ -1,0 +1,407 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/position_pane.h"
+
+#include "common/position_bits.h"
+#include "controls/colours.h"
+#include "desktop/qt_text.h"
+#include "language/multi_lang.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListView>
+#include <QPushButton>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace kelmar {
+
+using desktop::qs;
+using desktop::u8;
+
+namespace {
+
+// Of the byte view, 0xBBGGRR or system colours.
+constexpr quint32 normalFore = 0x80000012u, normalBack = 0x8000000Fu;
+constexpr quint32 warningFore = 0xFFFFFF, warningBack = 0x0080FF;
+
+template <class Widget> Widget* named(const char* name, QWidget* parent) {
+  auto* widget = new Widget(parent);
+  widget->setObjectName(QLatin1String(name));
+  return widget;
+}
+
+QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
+  auto* label = named<QLabel>(name, parent);
+  label->setText(QLatin1String(text));
+  label->setBuddy(buddy);
+  return label;
+}
+
+void setNumber(ZEMnumeric& field, double value) {
+  // A number of a file, and an empty field, may lie outside what can be typed.
+  field.setRangeChecking(false);
+  field.setvalue(value);
+  field.setRangeChecking(true);
+}
+
+} // namespace
+
+PositionPane::PositionPane(platform::Person& person, PositionHost& host, QWidget* parent)
+    : QWidget(parent), person_(person), host_(host) {
+  makeControls();
+  layOut();
+  makeCommands();
+  connect(LVposdata, &ListView::currentMoved, this, [this] {
+    if (!filling_) rowChosen();
+  });
+  connect(LVposdata, &ListView::selectionMoved, this, [this] {
+    if (!filling_) refreshCommands();
+  });
+  connect(ComboData, &QComboBox::textActivated, this, [this] { nameChosen(); });
+  connect(ValStartOctet, &ZEMnumeric::Change, this,
+          [this] { numberEdited(*ValStartOctet, active_ ? active_->StartOctet : 0); });
+  connect(ValStartBit, &ZEMnumeric::Change, this,
+          [this] { numberEdited(*ValStartBit, active_ ? active_->StartBit : 0); });
+  connect(CheckLittleEndian, &QCheckBox::clicked, this, [this] { OnDataPosEdited(); });
+  connect(CBadd, &QPushButton::clicked, this, [this] { guarded([this] { addOrModify(); }); });
+  connect(DisplayRep, &DisplayResponse::MouseDown, this,
+          [this](int byte, int cell, int button, int) { bitPressed(byte, cell, button); });
+  ClearDataPosScreen();
+  setAdd(true);
+}
+
+void PositionPane::makeControls() {
+  DisplayRep = named<DisplayResponse>("DisplayRep", this);
+  TBPosData = named<QToolBar>("TBPosData", this);
+  TBPosData->setIconSize(QSize(20, 20));
+  ComboData = named<QComboBox>("ComboData", this);
+  ComboData->setMaxVisibleItems(20);
+  ComboData->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  ComboData->setMinimumContentsLength(18);
+  // Thousands of names are not to be measured one by one.
+  if (auto* names = qobject_cast<QListView*>(ComboData->view())) names->setUniformItemSizes(true);
+  ValStartOctet = named<ZEMnumeric>("ValStartOctet", this);
+  ValStartBit = named<ZEMnumeric>("ValStartBit", this);
+  for (ZEMnumeric* field : {ValStartOctet, ValStartBit}) {
+    field->setRangeChecking(true);
+    field->setDiscrete(true);
+    field->setDiscreteBase(0);
+    field->setDiscreteInterval(1);
+    field->setMaximumWidth(110);
+  }
+  ValStartOctet->SetMinMax(1, DisplayResponse::mostBytes);
+  ValStartBit->SetMinMax(0, 7);
+  ValStartBit->setBaseButtonVisible(false);
+  CheckLittleEndian = named<QCheckBox>("CheckLittleEndian", this);
+  CheckLittleEndian->setText(QStringLiteral("Little Endian (f - F)"));
+  CBadd = named<QPushButton>("CBadd", this);
+  CBadd->setToolTip(QStringLiteral("Add new data"));
+  CBadd->setAutoDefault(false);
+  LVposdata = new ListView(
+      {{.key = "dataname", .caption = "Data name", .width = 230},
+       {.key = "startbyte", .caption = "Start byte", .width = 80},
+       {.key = "bitoffset", .caption = "Offset bit", .width = 75},
+       {.key = "numberofbits", .caption = "Numbers bits", .sort = SortType::Number, .width = 90},
+       {.key = "ref", .caption = "Ref", .width = 130},
+       {.key = "device", .caption = "Device", .width = 130}},
+      {.text =
+           [this](RowTag tag, int column) {
+             const PositionRow* row = rowOf(tag);
+             return row ? row->cells[static_cast<std::size_t>(column)] : std::string();
+           },
+       .look =
+           [this](RowTag tag) {
+             RowLook look;
+             const PositionRow* row = rowOf(tag);
+             if (!row) return look;
+             if (row->unknown || row->outside) look.colour = faultRed;
+             look.bold = row->outside;
+             look.toolTip = row->toolTip;
+             return look;
+           },
+       .cellLook =
+           [this](RowTag tag, int column) {
+             CellLook look;
+             const PositionRow* row = rowOf(tag);
+             if (!row) return look;
+             if (column == PositionRefColumn) look.toolTip = row->refToolTip;
+             if (column != PositionDeviceColumn) return look;
+             look.toolTip = row->deviceToolTip;
+             look.colour = row->deviceColour;
+             if (row->deviceColour) look.bold = row->deviceBold;
+             return look;
+           }},
+      this);
+  LVposdata->setObjectName(QStringLiteral("LVposdata"));
+  LVposdata->setHeaderSorts(true);
+}
+
+void PositionPane::layOut() {
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(4);
+  rows->addWidget(DisplayRep);
+  TBPosData->layout()->setContentsMargins(0, 0, 0, 0);
+  rows->addWidget(TBPosData);
+  auto* placement = new QHBoxLayout;
+  placement->addWidget(caption("lblData", "Data :", ComboData, this));
+  placement->addWidget(ComboData, 1);
+  placement->addWidget(caption("lblStartOctet", "Start byte", ValStartOctet, this));
+  placement->addWidget(ValStartOctet);
+  placement->addWidget(caption("lblStartBit", "Offset bit", ValStartBit, this));
+  placement->addWidget(ValStartBit);
+  placement->addWidget(CheckLittleEndian);
+  placement->addWidget(CBadd);
+  rows->addLayout(placement);
+  rows->addWidget(LVposdata, 1);
+  LVposdata->setMinimumHeight(90);
+}
+
+void PositionPane::refreshDatas() {
+  const EditState::Loading loading = edits_.load();
+  const QString shown = ComboData->currentText();
+  QStringList names;
+  const OmnikorLibXml* database = host_.openDatabase();
+  if (database && database->ActiveTarget && database->ActiveTarget->datas())
+    for (const DataItem* item : *database->ActiveTarget->datas()) names << qs(item->dataName());
+  ComboData->clear();
+  ComboData->addItems(names);
+  ComboData->setCurrentIndex(shown.isEmpty() ? -1 : ComboData->findText(shown));
+}
+
+PositionRow* PositionPane::rowOf(RowTag tag) const {
+  const auto found = rowOfTag_.find(tag);
+  return found == rowOfTag_.end() ? nullptr : &rows_[found->second];
+}
+
+void PositionPane::fillView(const RequestItem& request) {
+  const bool sent = host_.sentShown();
+  DisplayRep->setNumberBytes(frameLength(request, sent));
+  const FrameBuffer* frame = sent ? request.RequestBytes.get() : request.ReplyBytes.get();
+  if (!frame) return;
+  const int count = std::min(frame->Length(), DisplayRep->NumberBytes());
+  for (int i = 0; i < count; ++i)
+    DisplayRep->SetByteBinaryValue(i + 1, frame->bytes()[static_cast<std::size_t>(i)]);
+}
+
+void PositionPane::setScreen_DataPos() {
+  const EditState::Loading loading = edits_.load();
+  preview_ = nullptr;
+  previewIsNew_ = false;
+  rows_.clear();
+  const RequestItem* request = host_.activeRequest();
+  DisplayRep->setForeColor(normalFore);
+  DisplayRep->setBackColor(normalBack);
+  if (request) {
+    fillView(*request);
+    rows_ = positionRows(target(), *request, host_.sentShown());
+  } else {
+    DisplayRep->setNumberBytes(0);
+  }
+  bool outside = false;
+  for (const PositionRow& row : rows_) {
+    const DataPositionItem& position = *row.position;
+    const DataItem* item = position.data();
+    outside |= row.outside;
+    if (!item || row.outside) continue;
+    try {
+      DisplayRep->AddData(item->NumberBits, position.StartOctet, position.StartBit,
+                          position.LittleEndian, {}, false, item->dataName());
+    } catch (const Failure&) {
+      // A data that starts where no bit is has no place on the view.
+    }
+  }
+  if (outside) {
+    DisplayRep->setForeColor(warningFore);
+    DisplayRep->setBackColor(warningBack);
+    host_.warnOutside(outsideWarning(host_.sentShown()));
+  }
+  DisplayRep->Refresh();
+  showRows();
+}
+
+void PositionPane::showRows() {
+  std::vector<RowTag> tags;
+  rowOfTag_.clear();
+  DataPositionItem* wanted = rows_.empty() ? nullptr : rows_.front().position;
+  for (const PositionRow& row : rows_) {
+    rowOfTag_[row.position] = tags.size();
+    tags.push_back(row.position);
+    if (row.position->dataName == lastDataName_) wanted = row.position;
+  }
+  {
+    filling_ = true;
+    LVposdata->rows().setRows(std::move(tags));
+    if (wanted) LVposdata->selectOnly(wanted);
+    filling_ = false;
+  }
+  if (wanted) {
+    choose(wanted);
+  } else {
+    ClearDataPosScreen();
+    setAdd(true);
+  }
+  refreshCommands();
+}
+
+void PositionPane::rowChosen() {
+  if (auto* position = static_cast<DataPositionItem*>(LVposdata->currentTag())) {
+    if (position != active_) choose(position);
+  }
+  refreshCommands();
+}
+
+void PositionPane::choose(DataPositionItem* position) {
+  TestAndConfirmChangeDataPos();
+  active_ = position;
+  lastDataName_ = position->dataName;
+  DisplayRep->UnselectAllData();
+  const DataItem* item = position->data();
+  preview_ = item ? DisplayRep->SelectData(item->NumberBits, position->StartOctet,
+                                           position->StartBit)
+                  : nullptr;
+  previewIsNew_ = false;
+  if (item) DisplayRep->SetVisibleByte(position->StartOctet);
+  DisplayRep->Refresh();
+  SetDataPosToScreen();
+  setAdd(item == nullptr);
+  refreshCommands();
+}
+
+void PositionPane::SetDataPosToScreen() {
+  const EditState::Loading loading = edits_.load();
+  const int place = ComboData->findText(qs(active_->dataName),
+                                        Qt::MatchExactly | Qt::MatchCaseSensitive);
+  ComboData->setCurrentIndex(place);
+  setNumber(*ValStartOctet, active_->StartOctet);
+  setNumber(*ValStartBit, active_->StartBit);
+  CheckLittleEndian->setChecked(active_->LittleEndian);
+  if (place >= 0) return;
+  const CMultiLangEx& texts = language::global();
+  person_.message({"REQUESTS/MSG/SetDataPosToScreen/text",
+                   texts.getMultilangMessageDefault("Internal error",
+                                                    "REQUESTS/MSG/SetDataPosToScreen/title"),
+                   texts.getMultilangMessageDefault("Unknown Data '{0}' in combobox",
+                                                    "REQUESTS/MSG/SetDataPosToScreen/text",
+                                                    active_->dataName),
+                   platform::Buttons::Ok, platform::Icon::Critical});
+}
+
+void PositionPane::ClearDataPosScreen() {
+  const EditState::Loading loading = edits_.load();
+  preview_ = nullptr;
+  setNumber(*ValStartOctet, 0);
+  setNumber(*ValStartBit, 0);
+  CheckLittleEndian->setChecked(false);
+  active_ = nullptr;
+}
+
+void PositionPane::leave() {
+  edits_.clear();
+  ClearDataPosScreen();
+}
+
+PositionFields PositionPane::fields() const {
+  return {u8(ComboData->currentText()), static_cast<std::int32_t>(ValStartOctet->valueOfText()),
+          std::clamp(static_cast<std::int32_t>(ValStartBit->valueOfText()), 0, 7),
+          CheckLittleEndian->isChecked()};
+}
+
+void PositionPane::setAdd(bool add) {
+  const CMultiLangEx& texts = language::global();
+  CBadd->setProperty("tag", add ? "ADD" : "MOD");
+  CBadd->setText(
+      qs(add ? texts.getMultilangMessageDefault("Add", "REQUESTS/CONTROLS/CBadd/caption")
+             : texts.getMultilangMessageDefault("Mod", "REQUESTS/MSG/CBadd/Mod/caption")));
+}
+
+void PositionPane::numberEdited(const ZEMnumeric& field, std::int32_t inItem) {
+  if (edits_.loading()) return;
+  if (active_ && field.valueOfText() == inItem && !edits_.changed()) return;
+  OnDataPosEdited();
+}
+
+void PositionPane::OnDataPosEdited() {
+  if (edits_.loading()) return;
+  if (active_ && !edits_.changed()) {
+    edits_.change();
+    host_.positionsChanged(0);
+    refreshCommands();
+  }
+  PreviewDataPos();
+}
+
+void PositionPane::PreviewDataPos() {
+  if (!preview_) return;
+  const PositionFields now = fields();
+  preview_->StartByte = now.StartOctet;
+  preview_->OffsetBit = now.StartBit;
+  preview_->LittleEndian = now.LittleEndian;
+  DisplayRep->SetVisibleByte(now.StartOctet);
+  DisplayRep->Refresh();
+}
+
+void PositionPane::nameChosen() {
+  const PositionFields now = fields();
+  if (active_ && active_->dataName == now.dataName) return;
+  setAdd(true);
+  const DataItem* item =
+      host_.activeRequest() ? target().datas()->ItemName(now.dataName) : nullptr;
+  if (!item) return;
+  // The bits of a placed data stay in sight; those of an earlier choice go.
+  if (preview_ && previewIsNew_)
+    DisplayRep->datas()->RemoveItem(preview_->NumberBits, preview_->StartByte,
+                                    preview_->OffsetBit);
+  preview_ = nullptr;
+  DisplayRep->UnselectAllData();
+  try {
+    preview_ = DisplayRep->AddData(item->NumberBits, std::max(now.StartOctet, 1), now.StartBit,
+                                   now.LittleEndian, {}, true, item->dataName());
+    previewIsNew_ = true;
+  } catch (const Failure&) {
+    // Behind the end of the frame it shows nothing.
+  }
+  DisplayRep->Refresh();
+  PreviewDataPos();
+}
+
+void PositionPane::GetDataPosFromScreen() {
+  if (!active_) return;
+  {
+    const EditState::Loading loading = edits_.load();
+    ValStartOctet->commitText();
+    ValStartBit->commitText();
+  }
+  PositionFields taken = fields();
+  taken.StartOctet = static_cast<std::int32_t>(ValStartOctet->value());
+  const RequestItem* request = host_.activeRequest();
+  applyFields(taken, host_.sentShown(), *active_, request ? request->requestName : std::string(),
+              person_);
+}
+
+bool PositionPane::TestAndConfirmChangeDataPos() {
+  if (!edits_.changed()) return false;
+  const CMultiLangEx& texts = language::global();
+  const platform::Answer answer = person_.message(
+      {"REQUESTS/MSG/TestAndConfirmChangeDataPos/text",
+       texts.getMultilangMessageDefault("Confirm change",
+                                        "REQUESTS/MSG/TestAndConfirmChangeDataPos/title"),
+       texts.getMultilangMessageDefault("Data has been modified. Save change?",
+                                        "REQUESTS/MSG/TestAndConfirmChangeDataPos/text"),
+       platform::Buttons::YesNo, platform::Icon::None});
+  edits_.clear();
+  if (answer != platform::Answer::Yes) {
+    host_.cancelled();
+    return false;
+  }
+  GetDataPosFromScreen();
+  host_.saved();
+  return true;
+}
+
+} // namespace kelmar

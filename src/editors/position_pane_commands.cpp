@@ -1,0 +1,305 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/clipboard.h"
+#include "desktop/qt_text.h"
+#include "editors/position_pane.h"
+#include "editors/rules/positions/position_clipboard.h"
+#include "language/error_box.h"
+#include "language/multi_lang.h"
+
+#include <QComboBox>
+#include <QItemSelection>
+#include <QPushButton>
+#include <QToolBar>
+
+#include <algorithm>
+
+namespace kelmar {
+
+using desktop::qs;
+using desktop::u8;
+
+namespace {
+
+// Kinds of change, as in ListPage.
+constexpr int deleted = 1, pasted = 2, flagged = 4;
+constexpr int leftButton = 1, rightButton = 2;
+
+} // namespace
+
+void PositionPane::makeCommands() {
+  const auto enabled = [this](const char* key) {
+    return [this, key = std::string(key)] { return isPositionCommandEnabled(key, state()); };
+  };
+  const auto run = [this](void (PositionPane::*action)()) {
+    return [this, action] { guarded([this, action] { (this->*action)(); }); };
+  };
+  // The shortcuts are those of the list: in the fields they are those of any text.
+  commands_ = new CommandTable(
+      LVposdata,
+      {{.key = "cancel", .toolTip = "Cancel change (Ctrl Z)", .icon = "cancel",
+        .run = run(&PositionPane::cancel), .enabled = enabled("cancel")},
+       {.key = "save", .toolTip = "Save change (Ctrl S)", .icon = "save",
+        .run = run(&PositionPane::save), .enabled = enabled("save")},
+       {.key = "cut", .toolTip = "Cut selected datas (Ctrl X)", .icon = "cut",
+        .run = run(&PositionPane::cut), .enabled = enabled("cut"),
+        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
+       {.key = "copy", .toolTip = "Copy selected datas to clipboard (Ctrl C)", .icon = "copy",
+        .run = run(&PositionPane::copy), .enabled = enabled("copy"),
+        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
+       {.key = "paste", .toolTip = "Paste datas from clipboard (Ctrl V)", .icon = "paste",
+        .run = run(&PositionPane::paste), .enabled = enabled("paste"),
+        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
+       {.key = "ref", .toolTip = "Define data as reference (F9)", .icon = "ref",
+        .run = [this] { setReference(true); }, .enabled = enabled("ref"),
+        .shortcuts = {QKeySequence(Qt::Key_F9)}},
+       {.key = "unref", .toolTip = "Undefine data as reference (F10)", .icon = "unref",
+        .run = [this] { setReference(false); }, .enabled = enabled("unref"),
+        .shortcuts = {QKeySequence(Qt::Key_F10)}},
+       {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVposdata); },
+        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
+  commands_->fillToolBar(*TBPosData,
+                         {"cancel", "save", "", "cut", "copy", "paste", "", "ref", "unref"});
+
+  LVposdata->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(LVposdata, &QWidget::customContextMenuRequested, this, [this](QPoint where) {
+    if (!host_.activeRequest()) return;
+    auto* current = static_cast<DataPositionItem*>(LVposdata->currentTag());
+    const QModelIndex under = LVposdata->indexAt(where);
+    popUpMenu(*LVposdata, QStringLiteral("PopupmenuData"),
+              LVposdata->viewport()->mapToGlobal(where),
+              positionMenu(state(), target(), under.isValid() ? current : nullptr),
+              [this](const MenuEntry& entry) { guarded([&] { chosen(entry); }); });
+  });
+}
+
+void PositionPane::refreshCommands() {
+  if (commands_) commands_->refresh();
+  CBadd->setEnabled(host_.activeRequest() != nullptr);
+}
+
+PositionPaneState PositionPane::state() const {
+  return {.request = host_.activeRequest() != nullptr,
+          .active = active_ != nullptr,
+          .selected = static_cast<int>(LVposdata->selectedTags().size()),
+          .clipboardHasText = false};
+}
+
+PositionSelection PositionPane::selected() const {
+  PositionSelection positions;
+  for (const RowTag tag : LVposdata->selectedTags())
+    positions.push_back(static_cast<DataPositionItem*>(tag));
+  return positions;
+}
+
+void PositionPane::guarded(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const Failure& failure) {
+    ShowErrorBox(person_, language::global(), failure);
+  }
+}
+
+void PositionPane::bitPressed(int byte, int cell, int button) {
+  if (!host_.activeRequest()) return;
+  clicked_ = {byte, cell};
+  if (button == leftButton) selectBit(clicked_);
+  if (button != rightButton) return;
+  PositionPaneState now = state();
+  now.clipboardHasText = !desktop::clipboardText().empty();
+  popUpMenu(*DisplayRep, QStringLiteral("PopupCreateData"),
+            DisplayRep->mapToGlobal(DisplayRep->cellRect(byte, cell).center()),
+            createDataMenu(now),
+            [this](const MenuEntry& entry) { guarded([&] { bitMenuChosen(entry); }); });
+}
+
+void PositionPane::selectBit(const FrameBit& bit) {
+  std::vector<DataPositionItem*> all;
+  for (const RowTag tag : LVposdata->rows().tags()) all.push_back(static_cast<DataPositionItem*>(tag));
+  const PositionSelection hit = positionsAt(all, bit);
+  const RowsModel& model = LVposdata->rows();
+  QItemSelection selection;
+  for (DataPositionItem* position : hit) {
+    const int row = model.rowOf(position);
+    selection.append({model.index(row, 0), model.index(row, model.columnCount() - 1)});
+  }
+  filling_ = true;
+  LVposdata->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+  if (!hit.empty()) {
+    const QModelIndex first = model.index(model.rowOf(hit.front()), 0);
+    LVposdata->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    LVposdata->scrollTo(first);
+  }
+  filling_ = false;
+  rowChosen();
+}
+
+void PositionPane::chosen(const MenuEntry& entry) {
+  if (entry.key == "ppDataGoto") host_.goToData(entry.names.at(0));
+  else if (entry.key == "ppDataCut") cut();
+  else if (entry.key == "ppDataCopy") copy();
+  else if (entry.key == "ppDataCopyText") copyText();
+  else if (entry.key == "ppDataPaste") paste();
+  else if (entry.key == "ppDataReplaceData") replaceWith(entry);
+  else if (entry.key == "ppDataToggleEndian") changeEndian(false);
+  else if (entry.key == "ppDataSetEndianDefault") changeEndian(true);
+  else if (entry.key == "ppDataHelp") host_.goToHelp();
+}
+
+void PositionPane::bitMenuChosen(const MenuEntry& entry) {
+  RequestItem* request = host_.activeRequest();
+  if (!request) return;
+  if (entry.key == "PopupCreateDataC") {
+    created(pasteDatasAt(desktop::clipboardText(), target(), *request, host_.sentShown(), clicked_,
+                         person_));
+    return;
+  }
+  for (const CreateDataEntry& row : createDataEntries()) {
+    if (entry.key != row.array || entry.names.at(0) != std::to_string(row.index)) continue;
+    DataItem* item = nullptr;
+    DataPositionItem* position = createDataAt(target(), *request, host_.sentShown(), row.kind,
+                                              clicked_, person_, &item);
+    if (item) refreshDatas();
+    if (item || position) created(position);
+    return;
+  }
+}
+
+void PositionPane::created(DataPositionItem* position) {
+  if (position) lastDataName_ = position->dataName;
+  rebuild(pasted);
+}
+
+void PositionPane::rebuild(int kind) {
+  edits_.clear();
+  ClearDataPosScreen();
+  host_.refreshRequest();
+  setScreen_DataPos();
+  host_.positionsChanged(kind);
+}
+
+void PositionPane::cancel() {
+  if (!active_) return;
+  if (!host_.requestChanged()) host_.cancelled();
+  edits_.clear();
+  host_.refreshRequest();
+  setScreen_DataPos();
+}
+
+void PositionPane::save() {
+  if (!active_) return;
+  if (const auto failure = host_.GetRequestFromScreen()) {
+    person_.message({"REQUESTS/MSG/TBPosData_ButtonClick/userError/text",
+                     language::global().getMultilangMessageDefault(
+                         "User Error", "REQUESTS/MSG/TBPosData_ButtonClick/userError/title"),
+                     failure->text, platform::Buttons::Ok, platform::Icon::Critical});
+  } else {
+    GetDataPosFromScreen();
+    edits_.clear();
+    host_.saved();
+  }
+  host_.refreshRequest();
+  setScreen_DataPos();
+}
+
+void PositionPane::addOrModify() {
+  RequestItem* request = host_.activeRequest();
+  if (!request) return;
+  const CMultiLangEx& texts = language::global();
+  if (ComboData->currentText().isEmpty()) {
+    person_.message({"REQUESTS/MSG/CBadd_Click/userError/text",
+                     texts.getMultilangMessageDefault(
+                         "User error", "REQUESTS/MSG/CBadd_Click/userError/title"),
+                     texts.getMultilangMessageDefault("Choose the new data name",
+                                                      "REQUESTS/MSG/CBadd_Click/userError/text"),
+                     platform::Buttons::Ok, platform::Icon::Critical});
+    return;
+  }
+  if (CBadd->property("tag").toString() == QLatin1String("MOD")) {
+    if (active_) save();
+    return;
+  }
+  {
+    const EditState::Loading loading = edits_.load();
+    ValStartOctet->commitText();
+    ValStartBit->commitText();
+  }
+  PositionFields wanted = fields();
+  wanted.StartOctet = std::max(wanted.StartOctet, 1); // an empty field shows 0
+  const DataPositionItem* added = addByFields(*request, wanted, host_.sentShown(), person_);
+  if (!added) return;
+  edits_.clear(); // what was typed is that of the new placement
+  lastDataName_ = added->dataName;
+  host_.refreshRequest();
+  setScreen_DataPos();
+  host_.positionsChanged(pasted);
+}
+
+void PositionPane::cut() {
+  if (!active_) return;
+  desktop::setClipboardText(copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(),
+                                              selected()));
+  if (CutData(target(), selected(), person_) > 0) rebuild(deleted);
+}
+
+void PositionPane::copy() {
+  if (!host_.activeRequest() || selected().empty()) return;
+  desktop::setClipboardText(copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(),
+                                              selected()));
+}
+
+void PositionPane::copyText() {
+  bool broken = false;
+  const std::string text = copyPositionsText(selected(), broken);
+  if (text.empty()) return;
+  desktop::setClipboardText(text);
+  if (broken) host_.warnBroken();
+}
+
+void PositionPane::paste() {
+  RequestItem* request = host_.activeRequest();
+  if (!request) return;
+  const bool changed = pasteDataPositions(desktop::clipboardText(), *host_.openDatabase(),
+                                          target(), *request, host_.sentShown(), person_);
+  refreshDatas();
+  if (changed) {
+    rebuild(pasted);
+    return;
+  }
+  ClearDataPosScreen();
+  host_.refreshRequest();
+  setScreen_DataPos();
+}
+
+void PositionPane::setReference(bool reference) {
+  if (!active_) return;
+  const bool changed = reference ? RefDataPos(target(), selected(), person_)
+                                 : UnRefDataPos(target(), selected(), person_);
+  setScreen_DataPos();
+  if (changed) host_.positionsChanged(flagged);
+}
+
+void PositionPane::changeEndian(bool toDefault) {
+  const bool changed =
+      toDefault ? setEndianDefault(target(), selected()) : toggleEndian(selected());
+  if (changed) rebuild(flagged);
+}
+
+void PositionPane::replaceWith(const MenuEntry& entry) {
+  if (!active_) return;
+  const DataItem* item = nullptr;
+  if (entry.names.empty()) {
+    if (const DataItem* model = active_->data()) item = newDataLike(target(), *model, person_);
+    refreshDatas();
+  } else {
+    item = target().datas()->ItemName(entry.names.front());
+  }
+  if (!item) return;
+  const bool replaced = replaceData(target(), *active_, *item, person_);
+  if (replaced) lastDataName_ = item->dataName();
+  edits_.clear();
+  setScreen_DataPos();
+  if (replaced || entry.names.empty()) host_.positionsChanged(flagged);
+}
+
+} // namespace kelmar

@@ -1,0 +1,386 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/uce_requests.h"
+
+#include "base/text.h"
+#include "controls/colours.h"
+#include "controls/hourglass.h"
+#include "desktop/qt_text.h"
+#include "desktop/translate_control.h"
+#include "editors/rules/requests/request_rows.h"
+#include "editors/uce_requests_parts.h"
+#include "language/error_box.h"
+#include "language/multi_lang.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QCheckBox>
+#include <QEvent>
+#include <QHideEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSplitter>
+#include <QTabBar>
+
+namespace kelmar {
+
+using desktop::qs;
+using desktop::u8;
+
+namespace {
+
+constexpr std::uint32_t warningOrange = 0x0080FF; // 0xBBGGRR
+constexpr std::uint32_t changedBlue = 0xFF0000;
+
+RequestItem& requestOf(RowTag tag) { return *static_cast<RequestItem*>(tag); }
+
+void setNumber(ZEMnumeric& field, double value) {
+  // A number of a file may lie outside what can be typed; it is shown as it is.
+  field.setRangeChecking(false);
+  field.setvalue(value);
+  field.setRangeChecking(true);
+}
+
+} // namespace
+
+UceRequests::UceRequests(platform::Person& person, platform::Settings* settings, QWidget* parent)
+    : ListPage(person,
+               {{"REQUESTS/MSG/FindItem/text",
+                 "Find next request whose name contains the word: "},
+                {"REQUESTS/MSG/FindItem/title", "Find request"}},
+               parent),
+      parts_(std::make_unique<Parts>(*this, settings)) {
+  parts_->makeControls();
+  useList(*parts_->LVrequests, *parts_->lblInfo);
+  parts_->makeCommands();
+  parts_->connectControls();
+  bindPageKeys();
+  parts_->showSide(true);
+  dropActive();
+}
+
+// The pane asks its host until it is gone.
+UceRequests::~UceRequests() { delete parts_->positions; }
+
+void UceRequests::InitControl() {
+  parts_->TSsendReceipt->setCurrentIndex(0);
+  desktop::TranslateControl(*this, language::global(), "REQUESTS/CONTROLS");
+  refreshCount();
+  parts_->ShowErrorMsg();
+}
+
+void UceRequests::setLang(const std::string&) {
+  InitControl();
+  if (active()) {
+    const EditState::Loading loading = edits().load();
+    parts_->positions->setScreen_DataPos();
+  }
+}
+
+void UceRequests::displayDatas(OmnikorLibXml& database, const std::string&) {
+  parts_->database = &database;
+  parts_->dropActiveAndRebuild();
+  parts_->LVrequests->setFocus();
+}
+
+void UceRequests::SizeControls() {
+  const int all = parts_->splitter->width();
+  parts_->splitter->setSizes({all * 2 / 5, all - all * 2 / 5});
+}
+
+QString UceRequests::EditRequestName() const {
+  return active() ? qs(nameOf(active())) : qs(rememberedName());
+}
+
+void UceRequests::setEditRequestName(const QString& name) {
+  // Out of sight the list is empty: it is filled at the next entry.
+  if (!chooseName(u8(name))) rememberName(u8(name));
+}
+
+QString UceRequests::EditDataName() const { return qs(parts_->positions->lastDataName()); }
+
+void UceRequests::setEditDataName(const QString& name) {
+  parts_->positions->setLastDataName(u8(name));
+  const RequestItem* request = parts_->request();
+  if (!request || !request->DataPositions) return;
+  // The side on which the data lies comes to the front.
+  if (const DataPositionItem* position = request->DataPositions->ItemName(u8(name));
+      position && position->param != parts_->sentShown())
+    parts_->TSsendReceipt->setCurrentIndex(position->param ? 0 : 1);
+  else
+    parts_->positions->setScreen_DataPos();
+}
+
+void UceRequests::hideEvent(QHideEvent* event) {
+  ListPage::hideEvent(event);
+  // While another page is in sight the items may go; the next entry fills the list again.
+  if (event->spontaneous() || !isHidden()) return;
+  parts_->LVrequests->rows().setRows({});
+  dropActive();
+}
+
+void UceRequests::changeEvent(QEvent* event) {
+  ListPage::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && parts_ && parts_->Rtemplate) parts_->colourFields();
+}
+
+std::vector<RowTag> UceRequests::items() const {
+  std::vector<RowTag> tags;
+  const TargetItem* target = parts_->target();
+  if (!target || !target->Requests()) return tags;
+  tags.reserve(static_cast<std::size_t>(target->Requests()->Count()));
+  for (RequestItem* request : *target->Requests()) tags.push_back(request);
+  return tags;
+}
+
+std::string UceRequests::nameOf(RowTag item) const { return requestOf(item).requestName; }
+
+std::string UceRequests::countText(int rows) const { return requestCountText(rows); }
+
+void UceRequests::showItem(RowTag item) {
+  Parts& parts = *parts_;
+  parts.errorShown = false;
+  parts.showControls(item ? fieldsOf(requestOf(item)) : RequestFields{});
+  parts.showCaption();
+  parts.FrameInfos->setEnabled(item != nullptr);
+  parts.positions->leave();
+  // The side of the data that is looked for comes to the front.
+  if (item && requestOf(item).DataPositions && !parts.positions->lastDataName().empty()) {
+    const auto* position =
+        requestOf(item).DataPositions->ItemName(parts.positions->lastDataName());
+    if (position && position->param != parts.sentShown()) {
+      const QSignalBlocker quiet(parts.TSsendReceipt);
+      parts.TSsendReceipt->setCurrentIndex(position->param ? 0 : 1);
+      parts.showSide(position->param);
+    }
+  }
+  parts.positions->setScreen_DataPos();
+  if (!parts.errorShown) parts.ShowErrorMsg();
+}
+
+void UceRequests::confirmedByClick(bool applied) {
+  if (applied) refreshActiveRow();
+}
+
+void UceRequests::stateMoved() {
+  if (parts_->commands) parts_->commands->refresh();
+  if (parts_->listCommands) parts_->listCommands->refresh();
+}
+
+bool UceRequests::TestAndConfirmChangeDataPos() {
+  return parts_->positions->TestAndConfirmChangeDataPos();
+}
+
+bool UceRequests::TestAndConfirmChange() {
+  const bool placed = TestAndConfirmChangeDataPos();
+  if (!edits().changed()) return placed;
+  constexpr char key[] = "REQUESTS/MSG/TestAndConfirmChange/text";
+  const CMultiLangEx& texts = language::global();
+  const platform::Box question{
+      key,
+      texts.getMultilangMessageDefault("Confirm data validation?",
+                                       "REQUESTS/MSG/TestAndConfirmChange/title"),
+      texts.getMultilangMessageDefault("Requests has been modified. Validate change?", key),
+      platform::Buttons::YesNo, platform::Icon::Question};
+  if (person().message(question) != platform::Answer::Yes) {
+    emit OnCancel();
+    edits().clear();
+    stateMoved();
+    return false;
+  }
+  if (const auto failure = parts_->GetRequestFromScreen())
+    ShowErrorBox(person(), language::global(), *failure);
+  refreshActiveRow();
+  emit OnSave(false);
+  edits().clear();
+  stateMoved();
+  return true;
+}
+
+RequestFields UceRequests::Parts::readControls() const {
+  ValLenData->commitText();
+  ValShiftBytes->commitText();
+  return {.Commentaire = widenLineFeeds(u8(TextComment->toPlainText())),
+          .AccesApresVente = CheckApresVente->isChecked(),
+          .AccesConstructeur = CheckConstructeur->isChecked(),
+          .AccesEtudes = CheckEtude->isChecked(),
+          .AccesTous = CheckAccesAll->isChecked(),
+          .AccesUsine = CheckUsine->isChecked(),
+          .DossierMaintenabilite = CheckReport->isChecked(),
+          .LgVariable = CheckLgVariable->isChecked(),
+          .ManuelSend = CheckManualSend->isChecked(),
+          .LengthDatas = static_cast<std::int32_t>(ValLenData->value()),
+          .ShiftBytesCount = static_cast<std::int32_t>(ValShiftBytes->value()),
+          .RequestBytes = u8(TextReqBytes->text()),
+          .ReplyBytes = u8(Rtemplate->text())};
+}
+
+void UceRequests::Parts::showControls(const RequestFields& fields) {
+  TextComment->setPlainText(qs(fields.Commentaire));
+  CheckApresVente->setChecked(fields.AccesApresVente);
+  CheckConstructeur->setChecked(fields.AccesConstructeur);
+  CheckEtude->setChecked(fields.AccesEtudes);
+  CheckAccesAll->setChecked(fields.AccesTous);
+  CheckUsine->setChecked(fields.AccesUsine);
+  CheckReport->setChecked(fields.DossierMaintenabilite);
+  CheckLgVariable->setChecked(fields.LgVariable);
+  CheckManualSend->setChecked(fields.ManuelSend);
+  setNumber(*ValLenData, fields.LengthDatas);
+  setNumber(*ValShiftBytes, fields.ShiftBytesCount);
+  TextReqBytes->setText(qs(fields.RequestBytes));
+  TextReqBytes->setCursorPosition(0);
+  Rtemplate->setText(qs(fields.ReplyBytes));
+  Rtemplate->setCursorPosition(0);
+  lblReqLength->setText(qs(requestLengthText(fields.RequestBytes)));
+  colourFields();
+}
+
+void UceRequests::Parts::edited() { page.SetChanged(Edited); }
+
+void UceRequests::Parts::frameEdited(QLineEdit& field) {
+  if (page.edits().loading() || LVrequests->selectedTags().empty()) return;
+  colourFields();
+  if (&field == TextReqBytes) lblReqLength->setText(qs(requestLengthText(u8(field.text()))));
+  edited();
+}
+
+void UceRequests::Parts::numberEdited(const ZEMnumeric& field, std::int32_t inItem) {
+  if (field.valueOfText() != inItem || page.edits().changed()) edited();
+}
+
+std::optional<Failure> UceRequests::Parts::GetRequestFromScreen() {
+  if (!request()) return std::nullopt;
+  const auto bad = applyFields(readControls(), *request());
+  if (!bad) return std::nullopt;
+  const bool sent = bad->field == BadFrame::Field::RequestBytes;
+  TSsendReceipt->setCurrentIndex(sent ? 0 : 1);
+  (sent ? TextReqBytes : Rtemplate)->setFocus();
+  return bad->failure;
+}
+
+void UceRequests::Parts::ValidChange(bool toFile) {
+  if (!request()) return;
+  if (positions->isActive()) {
+    positions->GetDataPosFromScreen();
+    positions->clearChanged();
+  }
+  if (const auto failure = GetRequestFromScreen()) {
+    ShowErrorBox(page.person(), language::global(), *failure);
+    return;
+  }
+  const Hourglass busy;
+  setRequestListView(*request());
+  ShowErrorMsg();
+  emit page.OnSave(toFile);
+  page.edits().clear();
+  positions->clearChanged();
+  positions->setScreen_DataPos();
+  page.stateMoved();
+}
+
+void UceRequests::Parts::cancel() {
+  if (!request()) return;
+  {
+    const EditState::Loading loading = page.edits().load();
+    page.showItem(page.active());
+  }
+  emit page.OnCancel();
+  page.edits().clear();
+  positions->clearChanged();
+  page.stateMoved();
+}
+
+bool UceRequests::Parts::rename(RequestItem& item, const std::string& text) {
+  try {
+    renameTyped(*target(), item, text);
+  } catch (const Failure& failure) {
+    ShowErrorBox(page.person(), language::global(), failure);
+    return false;
+  }
+  page.rememberName(item.requestName);
+  normalised.erase(&item);
+  withoutBytes.erase(&item);
+  showCaption();
+  ShowErrorMsg();
+  page.SetChanged(Renamed);
+  return true;
+}
+
+void UceRequests::Parts::showCaption() {
+  const RequestItem* item = request();
+  FrameInfos->setTitle(item ? qs(replaceAll(item->requestName, "&", "&&")) : QString());
+  FrameInfos->setFault(item && findingOf(*item, *target()) != RequestFinding::None);
+}
+
+void UceRequests::Parts::ShowErrorMsg() {
+  const RequestItem* item = request();
+  const RequestFinding finding =
+      item && target() ? findingOf(*item, *target()) : RequestFinding::None;
+  errorShown = finding != RequestFinding::None;
+  warn(findingText(finding), faultRed);
+}
+
+void UceRequests::Parts::warn(const std::string& text, std::uint32_t colour) {
+  QPalette palette = page.palette();
+  palette.setColor(QPalette::Window, Qt::white);
+  palette.setColor(QPalette::WindowText, shownColour(colour, palette));
+  errorMsg->setPalette(palette);
+  errorMsg->setText(qs(text));
+  errorMsg->setVisible(!text.empty());
+}
+
+void UceRequests::Parts::warnOutside(const std::string& text) {
+  errorShown = true;
+  warn(text, warningOrange);
+}
+
+void UceRequests::Parts::warnBroken() {
+  warn(language::global().getMultilangMessageDefault(
+           "A copied cell holds a line break or a tab: pasted back, it will not be the same.",
+           "REQUESTS/MSG/copyText/brokenCell/text"),
+       faultRed);
+}
+
+void UceRequests::Parts::showSide(bool sent) {
+  activeTab = sent ? 1 : 2;
+  FrameSend->setVisible(sent);
+  FrameReceipt->setVisible(!sent);
+}
+
+RowLook UceRequests::Parts::lookOf(RowTag tag) const {
+  const RequestItem& item = requestOf(tag);
+  RowLook look{.icon = requestIcon(item)};
+  const RequestFinding finding = target() ? findingOf(item, *target()) : RequestFinding::None;
+  if (finding != RequestFinding::None || withoutBytes.contains(tag)) {
+    look.bold = true;
+    look.colour = faultRed;
+    look.toolTip = findingToolTip(finding);
+  }
+  return look;
+}
+
+CellLook UceRequests::Parts::cellLookOf(RowTag tag, int column) const {
+  if (column != SendBytesColumn || !normalised.contains(tag)) return {};
+  return {.bold = true, .colour = changedBlue};
+}
+
+void UceRequests::Parts::setRequestListView(RequestItem& item) {
+  withoutBytes.erase(&item);
+  LVrequests->rows().refresh(&item);
+  if (&item == request()) showCaption();
+}
+
+void UceRequests::Parts::refreshRequest() {
+  if (RequestItem* item = request()) setRequestListView(*item);
+  ShowErrorMsg();
+}
+
+void UceRequests::Parts::positionsChanged(int kind) { page.SetChanged(kind); }
+
+void UceRequests::Parts::help() {
+  const QWidget* focus = QApplication::focusWidget();
+  emit page.help("request", focus && positions->isAncestorOf(focus) ? "data" : "");
+}
+
+} // namespace kelmar
