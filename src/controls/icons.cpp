@@ -271,6 +271,15 @@ const std::map<std::string, Drawing, std::less<>>& drawings() {
       {"rename", drawRename},
       {"find", drawSearch},
       {"cut", drawCut},
+      {"dm", sign(green, "DM")},
+      {"manual", sign(orange, "M")},
+      {"dmmanual", sign(violet, "DM")},
+      {"ref", sign(blue, "R")},
+      {"unref", [](const Canvas& c) {
+         drawSign(c, blue, QStringLiteral("R"));
+         c.painter.setPen(QPen(c.line(red), 2.4));
+         c.lines({{3, 21}, {21, 3}});
+       }},
       {"copy", drawCopy},
       {"paste", drawPaste},
       {"numeric", sign(blue, "1")},

@@ -138,6 +138,7 @@ void UceRequests::Parts::makeControls() {
   splitter->addWidget(FrameInfos);
   splitter->setStretchFactor(0, 2);
   splitter->setStretchFactor(1, 3);
+  splitter->setSizes({400, 600});
 }
 
 QWidget* UceRequests::Parts::makeCommonFields() {
