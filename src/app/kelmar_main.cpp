@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/pages.h"
 #include "base/failure.h"
 #include "base/version.h"
 #include "desktop/child_processes.h"
@@ -8,7 +9,6 @@
 #include "desktop/platform_texts.h"
 #include "desktop/qt_text.h"
 #include "desktop/settings_store.h"
-#include "frame/kelmar_form.h"
 #include "frame/rules/command_string.h"
 
 #include <QApplication>
@@ -84,9 +84,11 @@ int runWindow(QApplication& application, const kelmar::frame::CommandLine& line)
   kelmar::desktop::ChildProcesses processes;
   kelmar::desktop::HttpFetch fetch;
   try {
+    const kelmar::KelmarForm::Machine machine{person, settings, processes,
+                                              site,   &fetch,   &kelmar::platform::machineClock()};
     kelmar::KelmarForm window(
-        {person, settings, processes, site, &fetch, &kelmar::platform::machineClock()},
-        {kelmar::desktop::u8(QApplication::applicationFilePath()), inherited(line)});
+        machine, {kelmar::desktop::u8(QApplication::applicationFilePath()), inherited(line)},
+        kelmar::pageMakers(machine));
     EndAfterPaint end;
     if (isSet("KELMAR_EXIT_AFTER_PAINT"))
       window.installEventFilter(&end);

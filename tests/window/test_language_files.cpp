@@ -6,6 +6,7 @@
 #include "desktop/control_adapter.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
+#include "app/pages.h"
 #include "frame/kelmar_form.h"
 #include "support/machine_doubles.h"
 #include "support/scripted_person.h"
@@ -56,6 +57,9 @@ constexpr PageTexts pageTexts[] = {
     {"UceSelector1", pagesFile, "SELECTOR/CONTROLS"},
     {"UctlNewEcuAddr1", pagesFile, "NEWECU/CONTROLS"},
     {"ecuSelector1", pagesFile, ""},
+    {"UceDatas1", pagesFile, "DATAS/CONTROLS"},
+    {"UceDataList1", pagesFile, "DATALIST/CONTROLS"},
+    {"UceRequests1", pagesFile, "REQUESTS/CONTROLS"},
 };
 
 /// Labels that show what is at hand, not a text of their own.
@@ -126,9 +130,10 @@ class LanguageFiles : public testing::Test {
     start.site = root;
     start.language = languageCode;
     siteSettings = std::make_unique<platform::SiteSettings>(start);
-    form = std::make_unique<KelmarForm>(
-        KelmarForm::Machine{person, settings, processes, *siteSettings, nullptr, &clock},
-        KelmarForm::Program{"/opt/kelmar", {}});
+    const KelmarForm::Machine machine{person,        settings, processes,
+                                      *siteSettings, nullptr,  &clock};
+    form = std::make_unique<KelmarForm>(machine, KelmarForm::Program{"/opt/kelmar", {}},
+                                        pageMakers(machine));
     form->start({});
   }
 
