@@ -11,7 +11,7 @@ omnikorEditor::PageMakers pageMakers(const KelmarForm::Machine& machine) {
   return {
       {"datas",
        [machine](QWidget* parent) {
-         return new UceDatas(machine.person, machine.site.GetDataRootFolder(), parent);
+         return new UceDatas(machine.person, machine.site.DataRoot(), parent);
        }},
       {"requests",
        [machine](QWidget* parent) {
