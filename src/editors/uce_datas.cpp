@@ -103,16 +103,10 @@ void UceDatas::setEditDataName(const QString& name) {
 }
 
 std::vector<RowTag> UceDatas::items() const {
-  std::vector<RowTag> tags;
   const TargetItem* target = parts_->target();
-  if (!target || !target->datas()) return tags;
-  for (DataItem* item : *target->datas()) tags.push_back(item);
-  const bool descending = parts_->sortOrder == 1;
-  std::stable_sort(tags.begin(), tags.end(), [descending](RowTag left, RowTag right) {
-    const std::string &a = dataOf(left).dataName(), &b = dataOf(right).dataName();
-    return descending ? b < a : a < b;
-  });
-  return tags;
+  if (!target) return {};
+  const std::vector<DataItem*> listed = listedDatas(*target, parts_->sortOrder == 1);
+  return {listed.begin(), listed.end()};
 }
 
 std::string UceDatas::nameOf(RowTag item) const { return dataOf(item).dataName(); }

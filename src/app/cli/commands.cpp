@@ -20,6 +20,12 @@ const Option findOptions[] = {{"--site"},    {"--function"}, {"--protocol"},
 const Option writingOptions[] = {{"--yes", false}, {"-v", false},     {"--site"},
                                  {"--lang"},       {"--help", false}, {"-o"}};
 
+const Option copyOptions[] = {{"--yes", false},  {"-v", false},     {"--site"},       {"--lang"},
+                              {"--help", false}, {"--text", false}, {"--xml", false}};
+
+const Option pasteOptions[] = {{"--yes", false},  {"-v", false}, {"--site"},    {"--lang"}, {"-i"},
+                               {"--help", false}, {"-o"},        {"--encoding"}, {"--answer"}};
+
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 
 const Command table[] = {
@@ -40,6 +46,10 @@ const Command table[] = {
      savingOptions, runDeleteRequest},
     {"delete-device", "FILE NAME [-o OUT]", "delete a device", 2, 2, savingOptions,
      runDeleteDevice},
+    {"copy", "FILE data|requests [NAME...] --text|--xml", "print what the editor would copy", 2,
+     anyNumber, copyOptions, runCopy},
+    {"paste", "FILE data|requests -i INPUT [--answer yes|no|cancel] [-o OUT]",
+     "paste a file as the editor would", 2, 2, pasteOptions, runPaste},
     {"normalize-replies", "FILE [-o OUT]", "make the reply templates agree with the protocol", 1, 1,
      savingOptions, runNormalizeReplies},
     {"hex-export", "FILE REQUEST OUT", "write the sent bytes of a request as Intel-hex", 3, 3,
@@ -60,6 +70,9 @@ void printHelp(Output& output) {
   output << "\nOptions:\n"
             "  -o OUT           write to OUT; without it in place, with a backup FILE.bak\n"
             "  --encoding NAME  UTF-8, UTF-16, ISO-8859-1 or windows-1252\n"
+            "  --text, --xml    the form of what is copied\n"
+            "  -i INPUT         the file that is pasted\n"
+            "  --answer ANSWER  yes, no or cancel: answers all boxes; without it the first button\n"
             "  --site DIR       the data root, whose encoding and style sheet count\n"
             "  --lang CODE      language of the names of failure and device types\n"
             "  --yes            open files of the sibling tool; they are never written\n"

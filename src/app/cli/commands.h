@@ -36,6 +36,8 @@ int runRenameDevice(const Arguments& arguments, Output& output);
 int runDeleteData(const Arguments& arguments, Output& output);
 int runDeleteRequest(const Arguments& arguments, Output& output);
 int runDeleteDevice(const Arguments& arguments, Output& output);
+int runCopy(const Arguments& arguments, Output& output);
+int runPaste(const Arguments& arguments, Output& output);
 int runNormalizeReplies(const Arguments& arguments, Output& output);
 int runHexExport(const Arguments& arguments, Output& output);
 int runHexImport(const Arguments& arguments, Output& output);

@@ -89,6 +89,18 @@ void tell(const std::string& trouble, platform::Person& person) {
 
 } // namespace
 
+std::vector<DataItem*> listedDatas(const TargetItem& target, bool descending) {
+  std::vector<DataItem*> datas;
+  if (!target.datas()) return datas;
+  for (DataItem* data : *target.datas()) datas.push_back(data);
+  std::stable_sort(datas.begin(), datas.end(),
+                   [descending](const DataItem* left, const DataItem* right) {
+                     const std::string &a = left->dataName(), &b = right->dataName();
+                     return descending ? b < a : a < b;
+                   });
+  return datas;
+}
+
 DataItem* newData(TargetItem& target) {
   auto data = std::make_shared<DataItem>();
   data->setDataName(freeNewName(

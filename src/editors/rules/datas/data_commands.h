@@ -13,6 +13,9 @@
 
 namespace kelmar {
 
+/// The data as the list shows them: sorted by name, whatever their order in the ECU.
+std::vector<DataItem*> listedDatas(const TargetItem& target, bool descending = false);
+
 /// A new data under the first free of the names "New", "New1", ... in its place among the others.
 DataItem* newData(TargetItem& target);
 
