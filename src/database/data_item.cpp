@@ -175,7 +175,7 @@ DataItem* DataItems::Add(const std::string& name) {
 }
 
 DataItem* DataItems::AddData(Pointer item) {
-  const std::string key = keyOfName(item->dataName_);
+  const NameKey key(item->dataName_);
   return append(std::move(item), key);
 }
 

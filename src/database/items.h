@@ -52,9 +52,30 @@ class StoredKey {
   std::unique_ptr<char[]> bytes_;
 };
 
-/// Key of a named item in a collection that keys by name.
-inline std::string keyOfName(std::string_view name) {
-  return "k" + std::string(name);
+/// Key of a named item in a collection that keys by name: "k" + name, made on the stack where the
+/// name is not long.
+class NameKey {
+ public:
+  explicit NameKey(std::string_view name) {
+    if (name.size() < sizeof buffer_) {
+      buffer_[0] = 'k';
+      view_ = {buffer_, name.copy(buffer_ + 1, name.size()) + 1};
+    } else {
+      long_ = "k" + std::string(name);
+      view_ = long_;
+    }
+  }
+  NameKey(const NameKey&) = delete;
+  NameKey& operator=(const NameKey&) = delete;
+  operator std::string_view() const { return view_; } // it is one
+
+ private:
+  char buffer_[128];
+  std::string long_;
+  std::string_view view_;
+};
+inline NameKey keyOfName(std::string_view name) {
+  return NameKey(name);
 }
 
 /// The ordered keyed collection behind every `...Items` class: 1-based positions, optional keys

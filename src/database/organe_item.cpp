@@ -223,7 +223,7 @@ OrganeItem* OrganeItems::Add(const std::string& name) {
 }
 
 OrganeItem* OrganeItems::AddData(Pointer item) {
-  const std::string key = keyOfName(item->organeName);
+  const NameKey key(item->organeName);
   return append(std::move(item), key);
 }
 

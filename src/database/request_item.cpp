@@ -192,7 +192,7 @@ RequestItem* RequestItems::Add(const std::string& name) {
 }
 
 RequestItem* RequestItems::AddData(Pointer item) {
-  const std::string key = keyOfName(item->requestName);
+  const NameKey key(item->requestName);
   return append(std::move(item), key);
 }
 

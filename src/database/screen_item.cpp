@@ -105,7 +105,7 @@ namespace {
 
 /// The keys tried on a clash: the name, then the name with 1, 2, ... behind.
 std::string screenKey(const ScreenItem& item, int suffix) {
-  std::string key = keyOfName(item.screenName);
+  std::string key(keyOfName(item.screenName));
   if (suffix > 0) key += std::to_string(suffix);
   return key;
 }

@@ -11,12 +11,12 @@
 namespace kelmar {
 
 void FlagPositions::Add(Pointer position) {
-  const std::string key = keyOfName(position->dataName);
+  const NameKey key(position->dataName);
   append(std::move(position), key);
 }
 
 void FlagPositions::rekey(int position, std::string_view newName) {
-  const std::string key = keyOfName(newName);
+  const NameKey key(newName);
   append(take(position), key);
 }
 
@@ -52,7 +52,7 @@ std::shared_ptr<TestItem> TestItem::clone(OrganeItem* newParent) const {
 }
 
 bool TestItem::holdsFlag(std::string_view dataName) const {
-  const std::string key = keyOfName(dataName);
+  const NameKey key(dataName);
   return StoredFlag.findKey(key) || PresentFlag.findKey(key);
 }
 
@@ -68,7 +68,7 @@ bool TestItem::DeleteFlag(std::string_view dataName) {
 }
 
 void TestItem::RenameFlag(std::string_view oldName, std::string_view newName) {
-  const std::string key = keyOfName(oldName);
+  const NameKey key(oldName);
   for (FlagPositions* flags : {&StoredFlag, &PresentFlag}) {
     const DataPositionItem* entry = flags->findKey(key);
     if (!entry) continue;

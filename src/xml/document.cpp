@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "platform/file_handle.h"
 #include "platform/files.h"
+#include "platform/large_pages.h"
 #include "platform/machine.h"
 #include "xml/encoding.h"
 #include "xml/event_tree.h"
@@ -16,14 +17,13 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <malloc.h>
+#include <latch>
 #include <new>
 #include <optional>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <thread>
-#include <unistd.h>
 
 namespace kelmar::xml {
 
@@ -31,6 +31,8 @@ namespace {
 
 // From here on a second thread is worth its start.
 constexpr std::size_t largeFile = 1u << 20;
+// The tree and what its reader makes of it take about so many times the bytes of the file.
+constexpr std::size_t modelBytes = 4;
 constexpr std::size_t headSize = 1024;
 constexpr std::size_t pieceSize = 1u << 16;
 
@@ -61,10 +63,6 @@ class Fingerprint {
   std::uint64_t sum_ = 0, length_ = 0;
 };
 
-struct FreeMemory {
-  void operator()(char* memory) const { std::free(memory); }
-};
-
 bool startsWithIgnoringCase(const std::string& text, std::string_view lower) {
   return text.size() >= lower.size() &&
          std::equal(lower.begin(), lower.end(), text.begin(), [](char expected, char c) {
@@ -76,10 +74,11 @@ bool startsWithIgnoringCase(const std::string& text, std::string_view lower) {
 
 struct Document::Source {
   // The tree's texts lie in one of the two buffers, so it goes first.
-  std::unique_ptr<char, FreeMemory> fileBytes;
+  platform::Memory fileBytes;
   std::string text;
   pugi::xml_document tree;
   LineTable lines;
+  std::latch* linesAwaited = nullptr; // while another thread makes them
   NodeLines nodeLines;
   std::size_t size = 0;
   std::optional<std::size_t> depth; // as far as the quick look knows
@@ -89,7 +88,7 @@ struct Document::Source {
     text = {};
     fileBytes.reset();
     // The pages of the tree are small blocks, which the allocator would keep for later.
-    if (size >= largeFile) ::malloc_trim(0);
+    if (size >= largeFile) platform::giveBackMemory();
   }
 
   // Bytes of the file whose nodes are gone: those of the first children of one element, up to the
@@ -124,12 +123,12 @@ struct Document::Source {
       discardedFrom = parent.internal_object();
       discardedStart = static_cast<std::size_t>(start);
     }
-    if (static_cast<std::size_t>(end) < discardedStart + largeFile) return;
+    constexpr std::uintptr_t page = platform::largePage;
+    if (static_cast<std::size_t>(end) < discardedStart + 2 * page) return;
     // Only whole pages; the tree never reads them again.
-    static const auto pageSize = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
     const auto base = reinterpret_cast<std::uintptr_t>(fileBytes.get());
-    const std::uintptr_t from = (base + discardedStart + pageSize - 1) / pageSize * pageSize;
-    const std::uintptr_t to = (base + static_cast<std::size_t>(end) - 1) / pageSize * pageSize;
+    const std::uintptr_t from = (base + discardedStart + page - 1) / page * page;
+    const std::uintptr_t to = (base + static_cast<std::size_t>(end) - 1) / page * page;
     ::madvise(reinterpret_cast<void*>(from), to - from, MADV_DONTNEED);
     discardedStart = to - base;
   }
@@ -137,9 +136,7 @@ struct Document::Source {
   // Parses what has been or is being judged; the text is used up.
   bool parseInPlace(char* bytes, std::size_t length, Whitespace whitespace) {
     size = length;
-    const std::string_view view(bytes, length);
-    lines = LineTable(view);
-    const MarkupScan scan = scanMarkup(view);
+    const MarkupScan scan = scanMarkup({bytes, length});
     depth = scan.depth;
     const bool keep = whitespace == Whitespace::Keep || scan.whiteSpaceMatters;
     const unsigned flags =
@@ -220,6 +217,7 @@ bool Document::loadText(std::string text, std::size_t markLength, Whitespace whi
   Judge judge(limits_, view.size());
   if (judge.run(view)) {
     source_->text = std::move(text);
+    source_->lines.add(std::string_view(source_->text).substr(markLength));
     if (source_->parseInPlace(source_->text.data() + markLength, source_->text.size() - markLength,
                               whitespace))
       return true;
@@ -255,8 +253,8 @@ bool Document::loadFile(const std::string& path, Whitespace whitespace, const Re
   source_ = std::make_unique<Source>();
   error_ = {};
   const std::size_t length = size - found.markLength;
-  source_->fileBytes.reset(static_cast<char*>(std::malloc(length)));
-  if (!source_->fileBytes) throw std::bad_alloc();
+  source_->fileBytes = platform::largeMemory(length);
+  platform::expectAllocations(length * modelBytes);
   const auto readAt = [&](char* to, std::size_t wanted, std::size_t offset) {
     return platform::readSomeAt(file, to, std::min(wanted, length - offset),
                                 offset + found.markLength, path);
@@ -265,21 +263,32 @@ bool Document::loadFile(const std::string& path, Whitespace whitespace, const Re
   Judge judge(limits_, length);
   Fingerprint judged, parsed;
   bool wellFormed = false, readFailed = false, parsedWell = false, isRead = false;
+  // The judge has the lighter work, so it counts the lines, too.
+  LineTable& lines = source_->lines;
+  std::latch linesMade(1);
+  struct Awaited {
+    std::latch*& pointer;
+    ~Awaited() { pointer = nullptr; }
+  };
   const auto judgeFile = [&] {
     std::size_t offset = 0;
     wellFormed = judge.run([&](char* to, std::size_t wanted) {
       std::size_t got = 0;
       try {
         got = readAt(to, wanted, offset);
+        lines.add({to, got});
       } catch (const std::exception&) {
         readFailed = true;
+        got = 0;
       }
       judged.add(to, got);
       offset += got;
       return got;
     });
+    linesMade.count_down();
   };
   try {
+    const Awaited untilJoined{source_->linesAwaited = &linesMade};
     const std::jthread beside(judgeFile);
     char* const bytes = source_->fileBytes.get();
     std::size_t offset = 0;
@@ -342,6 +351,7 @@ std::size_t Document::lineOf(Node node) const {
       found != source_->nodeLines.end())
     return found->second;
   if (node.root() != source_->tree) return 0;
+  if (source_->linesAwaited) source_->linesAwaited->wait();
   const std::ptrdiff_t offset = node.offset_debug();
   return offset < 0 || node.type() == pugi::node_document
              ? 0

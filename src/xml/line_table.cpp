@@ -17,33 +17,41 @@ const char* find(const char* from, const char* to, char c) {
 
 } // namespace
 
-LineTable::LineTable(std::string_view text) {
-  const char *position = text.data(), *const end = position + text.size();
-  if (text.empty()) return;
+void LineTable::add(std::string_view piece) {
+  const char *position = piece.data(), *const end = position + piece.size();
+  if (piece.empty()) return;
+  const auto endAt = [&](const char* behind) {
+    open_ += static_cast<std::size_t>(behind - position);
+    position = behind;
+    endLine();
+  };
+  if (afterReturn_) endAt(*position == '\n' ? position + 1 : position);
   const bool plain = find(position, end, '\r') == nullptr;
   while (const char* lineFeed = find(position, end, '\n')) {
     if (!plain)
       while (const char* returned = find(position, lineFeed, '\r')) {
         if (returned + 1 == lineFeed) break;
-        endLine(static_cast<std::size_t>(returned + 1 - position));
-        position = returned + 1;
+        endAt(returned + 1);
       }
-    endLine(static_cast<std::size_t>(lineFeed + 1 - position));
-    position = lineFeed + 1;
+    endAt(lineFeed + 1);
   }
   if (!plain)
     while (const char* returned = find(position, end, '\r')) {
-      endLine(static_cast<std::size_t>(returned + 1 - position));
-      position = returned + 1;
+      afterReturn_ = returned + 1 == end;
+      if (afterReturn_) break;
+      endAt(returned + 1);
     }
+  open_ += static_cast<std::size_t>(end - position);
 }
 
-void LineTable::endLine(std::size_t length) {
+void LineTable::endLine() {
   if (lines_ % linesBetweenMarks == 0) marks_.push_back({end_, lines_ + 1, lengths_.size()});
   ++lines_;
-  end_ += length;
-  if (length >= 255) lengths_.insert(lengths_.end(), length / 255, 255);
-  lengths_.push_back(static_cast<std::uint8_t>(length % 255));
+  end_ += open_;
+  if (open_ >= 255) lengths_.insert(lengths_.end(), open_ / 255, 255);
+  lengths_.push_back(static_cast<std::uint8_t>(open_ % 255));
+  open_ = 0;
+  afterReturn_ = false;
 }
 
 std::size_t LineTable::lineAt(std::size_t offset) const {
