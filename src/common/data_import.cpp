@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/data_import.h"
 
+#include <utility>
+
 namespace kelmar {
 
 xml::Node dataDefinition(xml::Node datas, std::string_view name) {
@@ -43,25 +45,63 @@ const char* endianText(const TargetItem& target) {
   return target.Parametres()->LittleEndian ? "Little" : "Big";
 }
 
-DataItem* addDefaultData(TargetItem& target, const std::string& name) {
-  auto item = std::make_shared<DataItem>();
-  item->setDataName(name);
-  item->parent = &target;
-  return target.datas()->AddDataSorted(std::move(item));
+ComingDatas::ComingDatas(TargetItem& target) : target_(target) {
+  if (!target.datas()) target.setDatas(std::make_shared<DataItems>());
 }
 
-void dropSecondReference(const TargetItem& target, DataPositionItem& position) {
-  if (position.reference && target.GetDataPositionFromRefData(position.dataName))
-    position.reference = false;
+std::string ComingDatas::key(const std::string& name) { return std::string(FoldedKey(name).view()); }
+
+DataItem* ComingDatas::find(const std::string& name) const {
+  if (DataItem* data = target_.datas()->ItemName(name)) return data;
+  const auto found = coming_.find(key(name));
+  return found == coming_.end() ? nullptr : found->second;
 }
 
-bool isReferenceByDefault(const TargetItem& target, const RequestItem& request, bool param,
-                          std::string_view dataName) {
+DataItem* ComingDatas::add(DataItems::Pointer data) {
+  data->parent = &target_;
+  coming_.emplace(key(data->dataName()), data.get());
+  added_.push_back(std::move(data));
+  return added_.back().get();
+}
+
+DataItem* ComingDatas::addDefault(const std::string& name) {
+  auto data = std::make_shared<DataItem>();
+  data->setDataName(name);
+  return add(std::move(data));
+}
+
+void ComingDatas::finish() {
+  target_.datas()->AddDatasSorted(std::exchange(added_, {}));
+  coming_.clear();
+}
+
+ComingPositions::ComingPositions(RequestItem& request) : request_(request) {
+  if (!request.DataPositions) request.DataPositions = std::make_shared<DataPositionItems>();
+  for (DataPositionItem* position : *request.DataPositions)
+    all_.emplace(position->dataName, position);
+}
+
+DataPositionItem* ComingPositions::find(const std::string& dataName) const {
+  const auto found = all_.find(dataName);
+  return found == all_.end() ? nullptr : found->second;
+}
+
+DataPositionItem* ComingPositions::add(DataPositionItems::Pointer position) {
+  if (!all_.emplace(position->dataName, position.get()).second) {
+    finish();
+    return request_.DataPositions->AddData(std::move(position)); // it has the words
+  }
+  added_.push_back(std::move(position));
+  return added_.back().get();
+}
+
+void ComingPositions::finish() { request_.DataPositions->AddAll(std::exchange(added_, {})); }
+
+bool isReferenceByDefault(const RequestItem& request, bool param) {
   if (param || request.ManuelSend || !request.DossierMaintenabilite) return false;
   if (!request.RequestBytes || request.RequestBytes->Length() == 0) return false;
   const std::uint8_t service = request.RequestBytes->bytes().front();
-  if (service != 0x21 && service != 0x22) return false;
-  return target.GetDataPositionFromRefData(dataName) == nullptr;
+  return service == 0x21 || service == 0x22;
 }
 
 } // namespace kelmar

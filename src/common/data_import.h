@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "common/reference_index.h"
 #include "database/omnikor_lib_xml.h"
 #include "xml/document.h"
 
+#include <memory>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 namespace kelmar {
 
@@ -38,15 +42,48 @@ class SourceEndianness {
 /// "Little" or "Big": the attribute `Endian` of a fragment.
 const char* endianText(const TargetItem& target);
 
-/// A new numeric data of 8 bits under that name, at its sorted place.
-DataItem* addDefaultData(TargetItem& target, const std::string& name);
+/// The data of an ECU during a paste: those that it has and those that are on their way into it. They
+/// all find their sorted places at the end, as if they had come one by one.
+class ComingDatas {
+ public:
+  /// An ECU without list of data gets an empty one.
+  explicit ComingDatas(TargetItem& target);
 
-/// A position that claims to be the reference of its data loses the claim when another one is.
-void dropSecondReference(const TargetItem& target, DataPositionItem& position);
+  /// By name without regard to case; none when there is none.
+  DataItem* find(const std::string& name) const;
+  /// The name must be free. The data gets the ECU as its owner.
+  DataItem* add(DataItems::Pointer data);
+  /// A new numeric data of 8 bits under that name.
+  DataItem* addDefault(const std::string& name);
+  void finish();
 
-/// True when a new received position of that data is to be its reference: a maintainability request
-/// that is not sent by hand, reads ($21 or $22), and whose data has no reference yet.
-bool isReferenceByDefault(const TargetItem& target, const RequestItem& request, bool param,
-                          std::string_view dataName);
+ private:
+  static std::string key(const std::string& name);
+
+  TargetItem& target_;
+  std::vector<DataItems::Pointer> added_;
+  std::unordered_map<std::string, DataItem*> coming_;
+};
+
+/// The positions of a request during a paste, likewise.
+class ComingPositions {
+ public:
+  /// A request without list of positions gets an empty one.
+  explicit ComingPositions(RequestItem& request);
+
+  DataPositionItem* find(const std::string& dataName) const;
+  /// Raises 1 when the data has a position in the request already.
+  DataPositionItem* add(DataPositionItems::Pointer position);
+  void finish();
+
+ private:
+  RequestItem& request_;
+  std::vector<DataPositionItems::Pointer> added_;
+  std::unordered_map<std::string, DataPositionItem*> all_;
+};
+
+/// True when a new received position is to be the reference of its data, if that has none yet: in a
+/// maintainability request that is not sent by hand and reads ($21 or $22).
+bool isReferenceByDefault(const RequestItem& request, bool param);
 
 } // namespace kelmar

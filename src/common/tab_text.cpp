@@ -62,12 +62,7 @@ bool TabReader::next(TabLine& line) {
   return true;
 }
 
-std::vector<TabLine> tabLines(std::string_view text) {
-  std::vector<TabLine> lines;
-  TabReader reader(text);
-  for (TabLine line; reader.next(line);) lines.push_back(std::move(line));
-  return lines;
-}
+std::string_view upToZero(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 int cellNumber(std::string_view cell, int least, int greatest, int otherwise) {
   try {

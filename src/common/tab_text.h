@@ -63,8 +63,8 @@ class TabReader {
   std::string_view rest_;
 };
 
-/// All lines at once.
-std::vector<TabLine> tabLines(std::string_view text);
+/// Pasted text as far as a zero: that ends a text everywhere else on the desktop.
+std::string_view upToZero(std::string_view text);
 
 /// The cell as an integer within the limits; `otherwise` for a bad number or one outside.
 int cellNumber(std::string_view cell, int least, int greatest, int otherwise);

@@ -125,6 +125,10 @@ DataPositionItem* DataPositionItems::AddData(Pointer item) {
   return append(std::move(item));
 }
 
+void DataPositionItems::AddAll(std::vector<Pointer> items) {
+  for (Pointer& item : items) append(std::move(item));
+}
+
 DataPositionItem* DataPositionItems::ItemName(std::string_view name) const {
   for (DataPositionItem* member : *this)
     if (member->dataName == name) return member;
@@ -156,29 +160,15 @@ void DataPositionItems::createXMLnodeType(xml::Writer& out, bool param) const {
   }
 }
 
-void DataPositionItems::loadXml(OmnikorLibXml& database, xml::Node parent, RequestItem* owner) {
-  LoadContext& load = database.loading();
-  load.pending.clear();
-  loadMembers(
-      load, parent, "DataItem", "Position", MemberTest::Bitwise,
-      [&](xml::Node node) {
-        auto item = std::make_shared<DataPositionItem>();
-        item->parent = owner;
-        item->loadXml(database, node);
-        return item;
-      },
-      [this](Pointer item) { AddData(std::move(item)); });
-}
-
-void DataPositionItems::loadXmlType(OmnikorLibXml& database, xml::Node parent, RequestItem* owner,
-                                    bool param) {
+void DataPositionItems::loadAll(OmnikorLibXml& database, xml::Node parent, RequestItem* owner,
+                                bool param, bool strict) {
   LoadContext& load = database.loading();
   load.pending.clear();
   // A long frame holds thousands of positions: the names are looked up in a set that lives here.
   std::unordered_set<std::string_view> names;
   for (const DataPositionItem* member : *this) names.insert(member->dataName);
   loadMembers(
-      load, parent, "DataItem", "Position", MemberTest::Strict,
+      load, parent, "DataItem", "Position", strict ? MemberTest::Strict : MemberTest::Bitwise,
       [&](xml::Node node) {
         auto item = std::make_shared<DataPositionItem>();
         item->parent = owner;
@@ -191,7 +181,16 @@ void DataPositionItems::loadXmlType(OmnikorLibXml& database, xml::Node parent, R
           throw Failure(1, "DataPositionItems.AddData", duplicateData);
         names.insert(append(std::move(item))->dataName);
       });
-  load.pending.clear();
+}
+
+void DataPositionItems::loadXml(OmnikorLibXml& database, xml::Node parent, RequestItem* owner) {
+  loadAll(database, parent, owner, false, false);
+}
+
+void DataPositionItems::loadXmlType(OmnikorLibXml& database, xml::Node parent, RequestItem* owner,
+                                    bool param) {
+  loadAll(database, parent, owner, param, true);
+  database.loading().pending.clear();
 }
 
 void updateDataPositions(RequestItem& owner, const DataPositionItems* source) {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kelmar {
 
@@ -47,6 +48,8 @@ class DataPositionItems : public Items<DataPositionItem> {
   DataPositionItem* Add(const std::string& name);
   /// Raises 1 when the data has a position in the request already, on either side.
   DataPositionItem* AddData(Pointer item);
+  /// Appends positions of which the caller knows that no data stands twice.
+  void AddAll(std::vector<Pointer> items);
   DataPositionItem* ItemName(std::string_view name) const;
   std::shared_ptr<DataPositionItems> clone(RequestItem* newParent) const;
   /// The clipboard form: all members, with `Param`.
@@ -57,6 +60,11 @@ class DataPositionItems : public Items<DataPositionItem> {
   void loadXml(OmnikorLibXml& database, xml::Node parent, RequestItem* owner);
   /// The members of one side; those whose data is missing are skipped.
   void loadXmlType(OmnikorLibXml& database, xml::Node parent, RequestItem* owner, bool param);
+
+ private:
+  /// `strict`: without those whose data is missing.
+  void loadAll(OmnikorLibXml& database, xml::Node parent, RequestItem* owner, bool param,
+               bool strict);
 };
 
 /// Makes the positions of `owner` those of `source` (none: no positions). What goes takes its

@@ -48,6 +48,13 @@ TEST(TypedName, LosesStrayBlanksAndSemicolons) {
   EXPECT_FALSE(hasStraySpaces("Read all"));
 }
 
+std::vector<TabLine> tabLines(std::string_view text) {
+  std::vector<TabLine> lines;
+  TabReader reader(text);
+  for (TabLine line; reader.next(line);) lines.push_back(line);
+  return lines;
+}
+
 TEST(TabText, LinesOfEveryEndAreSplitAlike) {
   for (const char* text : {"a\tb\r\nc\td\r\n", "a\tb\nc\td\n", "a\tb\rc\td\r", "a\tb\r\nc\td"}) {
     const std::vector<TabLine> lines = tabLines(text);

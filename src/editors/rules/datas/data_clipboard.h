@@ -36,7 +36,7 @@ struct DataPaste {
 };
 
 /// Pastes either form: XML first, then tab text. What is asked and told goes to the person.
-DataPaste pasteDatas(std::string_view text, OmnikorLibXml& database, TargetItem& target,
+DataPaste pasteDatas(std::string_view clipboard, OmnikorLibXml& database, TargetItem& target,
                      platform::Person& person);
 /// Tab text alone, in any line ends.
 DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Person& person);

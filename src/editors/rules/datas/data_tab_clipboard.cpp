@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editors/rules/datas/data_clipboard.h"
 
+#include "common/data_import.h"
 #include "common/tab_text.h"
 #include "editors/rules/datas/data_fields.h"
 #include "editors/rules/datas/pasted_data.h"
 #include "language/multi_lang.h"
 
 #include <array>
-#include <unordered_map>
 
 namespace kelmar {
 
@@ -26,30 +26,6 @@ const char* typeCell(const DataItem& data) {
   default: return data.Ascii ? "Ascii" : "Hexa";
   }
 }
-
-/// The data of one paste: those that the ECU has and those that are on their way into it.
-class PasteTarget {
- public:
-  explicit PasteTarget(TargetItem& target) : target_(target) {}
-
-  DataItem* find(const std::string& name) const {
-    if (DataItem* data = target_.datas()->ItemName(name)) return data;
-    const auto found = coming_.find(key(name));
-    return found == coming_.end() ? nullptr : found->second;
-  }
-  void add(const DataItems::Pointer& data) {
-    coming_.emplace(key(data->dataName()), data.get());
-    added_.push_back(data);
-  }
-  void finish() { target_.datas()->AddDatasSorted(added_); }
-
- private:
-  static std::string key(const std::string& name) { return std::string(FoldedKey(name).view()); }
-
-  TargetItem& target_;
-  std::vector<DataItems::Pointer> added_;
-  std::unordered_map<std::string, DataItem*> coming_;
-};
 
 /// What is in the pasted data becomes that of the other, all but the name.
 void update(DataItem& data, const DataItem& pasted) {
@@ -135,20 +111,26 @@ DataText copyDatasText(SelectedDatas datas) {
 DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Person& person) {
   DataPaste result;
   if (!target.datas()) return result;
-  PasteTarget datas(target);
+  ComingDatas datas(target);
   std::string warnings;
   bool updateAll = false;
-  const std::vector<TabLine> lines = tabLines(text);
-  for (std::size_t i = 0; i < lines.size();) {
-    const TabLine& line = lines[i++];
-    if (line.cells.size() < 3 || !line.startsItem()) continue;
+  TabReader reader(text);
+  TabLine line;
+  for (bool more = reader.next(line); more;) {
+    if (line.cells.size() < 3 || !line.startsItem()) {
+      more = reader.next(line);
+      continue;
+    }
     const std::string name(line.trimmed(0));
     if (characterCount(name) > longestPastedName) {
       refuseLongName(line, result.clipboard, warnings);
+      more = reader.next(line);
       continue;
     }
     const DataItems::Pointer pasted = readDataLine(line);
-    if (hasValueLines(line)) i = readValueLines(lines, i, *pasted, result.clipboard);
+    const bool listed = hasValueLines(line);
+    more = reader.next(line);
+    if (more && listed) more = readValueLines(reader, line, *pasted, result.clipboard);
     if (DataItem* existing = datas.find(name)) {
       if (!updateAll) {
         const platform::Answer answer = askUpdate(name, person);
@@ -159,7 +141,6 @@ DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Pe
       result.lastName = existing->dataName();
     } else {
       pasted->setDataName(name);
-      pasted->parent = &target;
       datas.add(pasted);
       result.lastName = name;
     }

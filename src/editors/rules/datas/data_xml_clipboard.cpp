@@ -3,6 +3,7 @@
 #include "editors/rules/datas/data_clipboard.h"
 
 #include "common/item_names.h"
+#include "common/tab_text.h"
 #include "language/multi_lang.h"
 
 namespace kelmar {
@@ -22,8 +23,9 @@ std::string copyDatas(SelectedDatas datas) {
   return out.take();
 }
 
-DataPaste pasteDatas(std::string_view text, OmnikorLibXml& database, TargetItem& target,
+DataPaste pasteDatas(std::string_view clipboard, OmnikorLibXml& database, TargetItem& target,
                      platform::Person& person) {
+  const std::string_view text = upToZero(clipboard);
   if (!target.datas()) return {};
   xml::Document document;
   if (!document.loadXML(std::string(text))) return pasteDatasText(text, target, person);

@@ -86,14 +86,12 @@ std::shared_ptr<DataItem> readDataLine(const TabLine& line) {
 
 bool hasValueLines(const TabLine& line) { return lowerCase(line.trimmed(Type)) == "list"; }
 
-std::size_t readValueLines(const std::vector<TabLine>& lines, std::size_t first, DataItem& data,
-                           std::string& log) {
+bool readValueLines(TabReader& reader, TabLine& line, DataItem& data, std::string& log) {
   std::unordered_map<std::int32_t, std::string> labelOf;
   std::unordered_map<std::string, std::int32_t> valueOf;
   std::vector<DataListeItems::Pointer> items;
-  std::size_t i = first;
-  for (; i < lines.size() && lines[i].cells.size() >= 3; ++i) {
-    const TabLine& line = lines[i];
+  bool more = true;
+  for (; more && line.cells.size() >= 3; more = reader.next(line)) {
     if (line.isRemark()) continue;
     if (line.startsItem()) break; // the next data
     const std::optional<double> number = numberIn(line.trimmed(1));
@@ -121,7 +119,7 @@ std::size_t readValueLines(const std::vector<TabLine>& lines, std::size_t first,
     items.push_back(std::move(item));
   }
   if (data.DataListes) data.DataListes->AddAll(std::move(items));
-  return i;
+  return more;
 }
 
 } // namespace kelmar

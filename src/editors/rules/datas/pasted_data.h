@@ -7,7 +7,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace kelmar {
 
@@ -18,10 +17,10 @@ std::shared_ptr<DataItem> readDataLine(const TabLine& line);
 /// The line says that values follow it.
 bool hasValueLines(const TabLine& line);
 
-/// Reads the values that follow a list data, from lines[first] on; the first line that does not
-/// belong to them. A value or label that stands twice keeps its first place; `log` gets one line
-/// for each value, which tells what was wrong with it.
-std::size_t readValueLines(const std::vector<TabLine>& lines, std::size_t first, DataItem& data,
-                           std::string& log);
+/// Reads the values that follow a list data, from `line` on; afterwards it is the first line that
+/// does not belong to them, or there was none and the answer is false. A value or label that stands
+/// twice keeps its first place; `log` gets one line for each value, which tells what was wrong with
+/// it.
+bool readValueLines(TabReader& reader, TabLine& line, DataItem& data, std::string& log);
 
 } // namespace kelmar

@@ -44,14 +44,17 @@ class ValueList {
   /// Asks, then cleans the labels.
   bool normalize(const std::vector<ValueRow*>& rows, platform::Person& person);
   /// Either form of the clipboard: a list or devices as XML, or lines of value and label.
-  bool paste(std::string_view text, platform::Person& person);
+  bool paste(std::string_view clipboard, platform::Person& person);
   /// True when the list changed.
   bool UpdateOrAddItem(std::int32_t value, std::string_view label, std::string_view info,
                        platform::Person& person);
 
  private:
-  bool pasteXml(const xml::Node& root, platform::Person& person);
-  bool pasteText(std::string_view text, platform::Person& person);
+  class Index;
+  bool pasteXml(const xml::Node& root, Index& index, platform::Person& person);
+  bool pasteText(std::string_view text, Index& index, platform::Person& person);
+  bool updateOrAdd(std::int32_t value, std::string_view label, std::string_view info, Index& index,
+                   platform::Person& person);
 
   std::vector<std::unique_ptr<ValueRow>> rows_;
   bool bound_ = false;

@@ -6,7 +6,10 @@
 #include "editors/rules/datas/value_list.h"
 #include "language/multi_lang.h"
 
+#include <algorithm>
 #include <optional>
+#include <set>
+#include <unordered_map>
 
 namespace kelmar {
 
@@ -45,49 +48,105 @@ std::string copyValuesText(const std::vector<ValueRow*>& rows) {
   return text.text();
 }
 
-bool ValueList::paste(std::string_view text, platform::Person& person) {
+/// The rows by value and by label, so that a long list is pasted in a time that grows with it. What a
+/// file brought may hold a value or a label twice: the first row counts.
+class ValueList::Index {
+ public:
+  explicit Index(const std::vector<std::unique_ptr<ValueRow>>& rows) : rows_(rows) {
+    for (std::size_t place = 0; place < rows_.size(); ++place) add(place);
+  }
+  /// Of the row at that place, the last one.
+  void add(std::size_t place) {
+    byValue_[rows_[place]->value].insert(place);
+    byLabel_[rows_[place]->label].insert(place);
+  }
+  void setLabel(std::size_t place, std::string_view label) {
+    byLabel_[rows_[place]->label].erase(place);
+    rows_[place]->label = label;
+    byLabel_[rows_[place]->label].insert(place);
+  }
+  void setValue(std::size_t place, std::int32_t value) {
+    byValue_[rows_[place]->value].erase(place);
+    rows_[place]->value = value;
+    byValue_[value].insert(place);
+  }
+  std::optional<std::size_t> ofValue(std::int32_t value) const { return first(byValue_, value); }
+  std::optional<std::size_t> ofLabel(const std::string& label) const {
+    return first(byLabel_, label);
+  }
+  bool has(std::int32_t value, const std::string& label) const {
+    const auto values = byValue_.find(value);
+    const auto labels = byLabel_.find(label);
+    if (values == byValue_.end() || labels == byLabel_.end()) return false;
+    const bool fewerValues = values->second.size() < labels->second.size();
+    const Places& fewer = fewerValues ? values->second : labels->second;
+    const Places& more = fewerValues ? labels->second : values->second;
+    return std::any_of(fewer.begin(), fewer.end(),
+                       [&](std::size_t place) { return more.contains(place); });
+  }
+
+ private:
+  using Places = std::set<std::size_t>;
+
+  template <class Map, class Key>
+  static std::optional<std::size_t> first(const Map& map, const Key& key) {
+    const auto found = map.find(key);
+    if (found == map.end() || found->second.empty()) return std::nullopt;
+    return *found->second.begin();
+  }
+
+  const std::vector<std::unique_ptr<ValueRow>>& rows_;
+  std::unordered_map<std::int32_t, Places> byValue_;
+  std::unordered_map<std::string, Places> byLabel_;
+};
+
+bool ValueList::paste(std::string_view clipboard, platform::Person& person) {
   if (!bound_) return false;
+  const std::string_view text = upToZero(clipboard);
+  Index index(rows_);
   xml::Document document;
-  if (document.loadXML(std::string(text))) return pasteXml(document.root(), person);
-  return pasteText(text, person);
+  if (document.loadXML(std::string(text))) return pasteXml(document.root(), index, person);
+  return pasteText(text, index, person);
 }
 
-bool ValueList::pasteXml(const xml::Node& root, platform::Person& person) {
+bool ValueList::pasteXml(const xml::Node& root, Index& index, platform::Person& person) {
   bool changed = false;
   const std::string_view name = root.name();
   if (name == "Devices") {
     for (const xml::Node device : root.children("Device"))
       if (const auto code = pastedValue(device.attribute("DTC").value()))
-        changed |= UpdateOrAddItem(*code, device.attribute("Name").value(), "", person);
+        changed |= updateOrAdd(*code, device.attribute("Name").value(), "", index, person);
   } else if (name == "List") {
     for (const xml::Node item : root.children("Item"))
       if (const auto value = pastedValue(item.attribute("Value").value()))
-        changed |= UpdateOrAddItem(*value, item.attribute("Text").value(),
-                                   xml::textOf(item.child("Info")), person);
+        changed |= updateOrAdd(*value, item.attribute("Text").value(),
+                               xml::textOf(item.child("Info")), index, person);
   }
   return changed;
 }
 
-bool ValueList::pasteText(std::string_view text, platform::Person& person) {
+bool ValueList::pasteText(std::string_view text, Index& index, platform::Person& person) {
   bool changed = false;
   TabReader reader(text);
   for (TabLine line; reader.next(line);) {
     const std::string_view label = line.trimmed(1);
     const auto value = pastedValue(line.trimmed(0));
-    if (!label.empty() && value) changed |= UpdateOrAddItem(*value, label, "", person);
+    if (!label.empty() && value) changed |= updateOrAdd(*value, label, "", index, person);
   }
   return changed;
 }
 
 bool ValueList::UpdateOrAddItem(std::int32_t value, std::string_view label,
                                 std::string_view info, platform::Person& person) {
-  ValueRow *sameValue = nullptr, *sameLabel = nullptr;
-  for (const auto& row : rows_) {
-    const bool hasValue = row->value == value, hasLabel = row->label == label;
-    if (hasValue && hasLabel) return false;
-    if (hasValue && !sameValue) sameValue = row.get();
-    if (hasLabel && !sameLabel) sameLabel = row.get();
-  }
+  Index index(rows_);
+  return updateOrAdd(value, label, info, index, person);
+}
+
+bool ValueList::updateOrAdd(std::int32_t value, std::string_view labelText, std::string_view info,
+                            Index& index, platform::Person& person) {
+  const std::string label(labelText);
+  if (index.has(value, label)) return false;
+  const auto sameValue = index.ofValue(value), sameLabel = index.ofLabel(label);
   if (sameValue && sameLabel) {
     constexpr char twoItemsKey[] = "DATALIST/MSG/UpdateOrAddItem/text";
     const CMultiLangEx& texts = language::global();
@@ -102,15 +161,21 @@ bool ValueList::UpdateOrAddItem(std::int32_t value, std::string_view label,
     return false;
   }
   if (sameValue) {
-    sameValue->label = label;
+    index.setLabel(*sameValue, label);
     return true;
   }
   if (sameLabel) {
-    sameLabel->value = value;
+    index.setValue(*sameLabel, value);
     return true;
   }
-  // As by hand: a label of blanks alone is refused.
-  return add(value, label, info, person) != nullptr;
+  // As by hand, without the blanks around it; nothing but blanks, or a label that is there without
+  // them, is refused in the same words.
+  const std::string trimmed(trimBlanks(label));
+  if (trimmed.empty() || (trimmed != label && index.ofLabel(trimmed)))
+    return add(value, label, info, person) != nullptr;
+  rows_.push_back(std::make_unique<ValueRow>(ValueRow{value, trimmed, std::string(info)}));
+  index.add(rows_.size() - 1);
+  return true;
 }
 
 } // namespace kelmar

@@ -3,6 +3,7 @@
 #include "editors/rules/positions/create_data.h"
 
 #include "common/position_bits.h"
+#include "common/tab_text.h"
 #include "language/multi_lang.h"
 #include "xml/document.h"
 
@@ -130,21 +131,15 @@ DataPositionItem* pasteDatasAt(const std::string& clipboard, TargetItem& target,
                                RequestItem& request, bool sent, const FrameBit& bit,
                                platform::Person& person) {
   xml::Document document;
-  DataPositionItem* last = nullptr;
-  if (!document.loadXML(clipboard) || std::string_view(document.root().name()) != "Datas")
-    return last;
-  const bool littleEndian = target.Parametres()->LittleEndian;
-  for (xml::Node element : document.root().children("Data")) {
-    const DataItem* data =
-        target.datas() ? target.datas()->ItemName(element.attribute("Name").value()) : nullptr;
-    if (!data) continue;
-    const int startBit = data->numerique ? startBitAt(bit.cell, littleEndian) : 0;
-    if (DataPositionItem* added = AddDataPositionToActiveRequest(
-            target, request, *data, sent, static_cast<std::int32_t>(bit.byte) + 1, startBit,
-            littleEndian, person))
-      last = added;
-  }
-  return last;
+  if (!document.loadXML(std::string(upToZero(clipboard))) ||
+      std::string_view(document.root().name()) != "Datas" || !target.datas())
+    return nullptr;
+  std::vector<const DataItem*> datas;
+  for (xml::Node element : document.root().children("Data"))
+    if (const DataItem* data = target.datas()->ItemName(element.attribute("Name").value()))
+      datas.push_back(data);
+  return addDataPositions(target, request, datas, sent, static_cast<std::int32_t>(bit.byte) + 1,
+                          startBitAt(bit.cell, target.Parametres()->LittleEndian), person);
 }
 
 } // namespace kelmar

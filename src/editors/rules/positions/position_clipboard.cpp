@@ -65,10 +65,8 @@ class PositionPaste {
  public:
   PositionPaste(OmnikorLibXml& database, TargetItem& target, RequestItem& request, bool sent,
                 platform::Person& person)
-      : database_(database), target_(target), request_(request), sent_(sent), person_(person) {
-    if (!target_.datas()) target_.setDatas(std::make_shared<DataItems>());
-    if (!request_.DataPositions) request_.DataPositions = std::make_shared<DataPositionItems>();
-  }
+      : database_(database), target_(target), request_(request), sent_(sent), person_(person),
+        references_(target), datas_(target), positions_(request) {}
 
   bool read(const std::string& text) {
     xml::Document document;
@@ -87,6 +85,8 @@ class PositionPaste {
                "REQUESTS/MSG/pasteDataPositions/badClipboardData/text"),
            platform::Icon::Critical);
     }
+    datas_.finish();
+    positions_.finish();
     return changed_;
   }
 
@@ -106,7 +106,7 @@ class PositionPaste {
     if (missing_.empty()) return;
     tell("REQUESTS/MSG/pasteDataPositions/dataDoesntExist/text",
          texts_.getMultilangMessageDefault(
-             "Error", "REQUESTS/MSG/pasteDataPositions/badClipboardData/title"),
+             "Error", "REQUESTS/MSG/pasteDataPositions/dataDoesntExist/title"),
          texts_.getMultilangMessageDefault(
              "Data : {crlf}{0}{crlf}doesn't exist. You must create data first.",
              "REQUESTS/MSG/pasteDataPositions/dataDoesntExist/text", missing_),
@@ -116,7 +116,8 @@ class PositionPaste {
   /// Adds the position; false when the rest of the paste is to be given up.
   bool add(std::shared_ptr<DataPositionItem> position) {
     try {
-      request_.DataPositions->AddData(std::move(position));
+      const DataPositionItem* added = positions_.add(std::move(position));
+      if (added->reference) references_.add(added->dataName);
       changed_ = true;
       return true;
     } catch (const Failure& failure) {
@@ -143,7 +144,8 @@ class PositionPaste {
       }
       auto position = newPosition(*data);
       position->LittleEndian = target_.Parametres()->LittleEndian;
-      position->reference = isReferenceByDefault(target_, request_, sent_, data->dataName());
+      position->reference =
+          isReferenceByDefault(request_, sent_) && !references_.isReferenced(data->dataName());
       if (!add(std::move(position))) break;
     }
     tellMissing();
@@ -173,13 +175,13 @@ class PositionPaste {
         note(position->dataName);
         continue;
       }
-      if (DataPositionItem* present = request_.DataPositions->ItemName(position->dataName)) {
+      if (DataPositionItem* present = positions_.find(position->dataName)) {
         if (isAgreed("REQUESTS/MSG/pasteDataPositions/dataAlreadyExists/text", confirmTitle(),
                      updateQuestion(position->dataName)))
           update(*present, *position);
         continue;
       }
-      dropSecondReference(target_, *position);
+      if (references_.isReferenced(position->dataName)) position->reference = false;
       if (!add(position)) break;
     }
     tellMissing();
@@ -216,7 +218,7 @@ class PositionPaste {
   void warn(const std::string& text) { warnings_ += text + "\r\n"; }
 
   const DataItem* dataOf(const std::string& name) {
-    if (const DataItem* data = target_.datas()->ItemName(name)) return data;
+    if (const DataItem* data = datas_.find(name)) return data;
     if (!isAgreed("REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text",
                   texts_.getMultilangMessageDefault(
                       "Confirm data creation",
@@ -231,7 +233,7 @@ class PositionPaste {
       return nullptr;
     }
     changed_ = true;
-    return addDefaultData(target_, name);
+    return datas_.addDefault(name);
   }
 
   /// The question before an update of the tab form is built in, in two languages, and asked again
@@ -265,8 +267,8 @@ class PositionPaste {
     position->StartBit = cellNumber(line.trimmed(2), 0, 7, 0);
     position->LittleEndian = line.has(3) ? line.flag(3) : target_.Parametres()->LittleEndian;
     position->reference =
-        line.flag(4) && !target_.GetDataPositionFromRefData(position->dataName);
-    if (DataPositionItem* present = request_.DataPositions->ItemName(position->dataName)) {
+        line.flag(4) && !references_.isReferenced(position->dataName);
+    if (DataPositionItem* present = positions_.find(position->dataName)) {
       if (isUpdateAgreedTwice(position->dataName)) update(*present, *position);
       return true;
     }
@@ -279,6 +281,9 @@ class PositionPaste {
   const bool sent_;
   platform::Person& person_;
   const CMultiLangEx& texts_ = language::global();
+  ReferenceIndex references_;
+  ComingDatas datas_;
+  ComingPositions positions_;
   std::string missing_, warnings_;
   bool changed_ = false;
 };
@@ -287,7 +292,7 @@ class PositionPaste {
 
 bool pasteDataPositions(const std::string& clipboard, OmnikorLibXml& database, TargetItem& target,
                         RequestItem& request, bool sent, platform::Person& person) {
-  const std::string text = clipboard.substr(0, clipboard.find('\0'));
+  const std::string text(upToZero(clipboard));
   return PositionPaste(database, target, request, sent, person).read(text);
 }
 

@@ -4,6 +4,7 @@
 
 #include "common/data_import.h"
 #include "common/position_bits.h"
+#include "common/reference_index.h"
 #include "language/multi_lang.h"
 
 namespace kelmar {
@@ -69,10 +70,11 @@ DataPositionItem* addByFields(RequestItem& request, const PositionFields& fields
   }
 }
 
-DataPositionItem* AddDataPositionToActiveRequest(TargetItem& target, RequestItem& request,
-                                                 const DataItem& data, bool sent,
-                                                 std::int32_t startByte, std::int32_t startBit,
-                                                 bool littleEndian, platform::Person& person) {
+namespace {
+
+std::shared_ptr<DataPositionItem> newPosition(RequestItem& request, const DataItem& data, bool sent,
+                                              std::int32_t startByte, std::int32_t startBit,
+                                              bool littleEndian) {
   auto position = std::make_shared<DataPositionItem>();
   position->parent = &request;
   position->setData(&data);
@@ -80,23 +82,62 @@ DataPositionItem* AddDataPositionToActiveRequest(TargetItem& target, RequestItem
   position->LittleEndian = littleEndian;
   position->StartOctet = startByte;
   position->StartBit = startBit;
-  position->reference = isReferenceByDefault(target, request, sent, data.dataName());
+  return position;
+}
+
+void tellNotAdded(const RequestItem& request, const Failure& failure, platform::Person& person) {
+  const CMultiLangEx& texts = language::global();
+  // French in every language but where the language file says otherwise.
+  person.message({"REQUESTS/MSG/AddDataPositionToActiveRequest/text",
+                  texts.getMultilangMessageDefault(
+                      "Error", "REQUESTS/MSG/AddDataPositionToActiveRequest/title"),
+                  texts.getMultilangMessageDefault(
+                      "Ajout d'une donnée à la requête '{0}'{crlf}. Erreur : {1}",
+                      "REQUESTS/MSG/AddDataPositionToActiveRequest/text", request.requestName,
+                      failure.text),
+                  Buttons::Ok, Icon::Critical});
+}
+
+} // namespace
+
+DataPositionItem* AddDataPositionToActiveRequest(TargetItem& target, RequestItem& request,
+                                                 const DataItem& data, bool sent,
+                                                 std::int32_t startByte, std::int32_t startBit,
+                                                 bool littleEndian, platform::Person& person) {
+  auto position = newPosition(request, data, sent, startByte, startBit, littleEndian);
+  position->reference = isReferenceByDefault(request, sent) &&
+                        !target.GetDataPositionFromRefData(data.dataName());
   if (!request.DataPositions) request.DataPositions = std::make_shared<DataPositionItems>();
   try {
     return request.DataPositions->AddData(std::move(position));
   } catch (const Failure& failure) {
-    const CMultiLangEx& texts = language::global();
-    // French in every language but where the language file says otherwise.
-    person.message({"REQUESTS/MSG/AddDataPositionToActiveRequest/text",
-                    texts.getMultilangMessageDefault(
-                        "Error", "REQUESTS/MSG/AddDataPositionToActiveRequest/title"),
-                    texts.getMultilangMessageDefault(
-                        "Ajout d'une donnée à la requête '{0}'{crlf}. Erreur : {1}",
-                        "REQUESTS/MSG/AddDataPositionToActiveRequest/text", request.requestName,
-                        failure.text),
-                    Buttons::Ok, Icon::Critical});
+    tellNotAdded(request, failure, person);
     return nullptr;
   }
+}
+
+DataPositionItem* addDataPositions(TargetItem& target, RequestItem& request,
+                                   std::span<const DataItem* const> datas, bool sent,
+                                   std::int32_t startByte, std::int32_t numericStartBit,
+                                   platform::Person& person) {
+  DataPositionItem* last = nullptr;
+  ReferenceIndex references(target);
+  ComingPositions positions(request);
+  const bool byDefault = isReferenceByDefault(request, sent);
+  for (const DataItem* data : datas) {
+    auto position = newPosition(request, *data, sent, startByte,
+                                data->numerique ? numericStartBit : 0,
+                                target.Parametres()->LittleEndian);
+    position->reference = byDefault && !references.isReferenced(data->dataName());
+    try {
+      last = positions.add(std::move(position));
+      if (last->reference) references.add(last->dataName);
+    } catch (const Failure& failure) {
+      tellNotAdded(request, failure, person);
+    }
+  }
+  positions.finish();
+  return last;
 }
 
 int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person) {

@@ -6,6 +6,7 @@
 #include "database/target_item.h"
 #include "platform/person.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,13 @@ DataPositionItem* AddDataPositionToActiveRequest(TargetItem& target, RequestItem
                                                  const DataItem& data, bool sent,
                                                  std::int32_t startByte, std::int32_t startBit,
                                                  bool littleEndian, platform::Person& person);
+
+/// The same for many data on one byte, numeric ones on the bit, others on its first, with the
+/// endianness of the ECU, in a time that grows with their number. The last one that was added.
+DataPositionItem* addDataPositions(TargetItem& target, RequestItem& request,
+                                   std::span<const DataItem* const> datas, bool sent,
+                                   std::int32_t startByte, std::int32_t numericStartBit,
+                                   platform::Person& person);
 
 /// Asks, then deletes. The number of those deleted.
 int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person);

@@ -9,6 +9,8 @@
 #include "editors/rules/requests/request_fields.h"
 #include "language/multi_lang.h"
 
+#include <optional>
+
 namespace kelmar {
 
 namespace {
@@ -61,7 +63,7 @@ constexpr int longestFrame = 4095; // bytes
 class RequestTextPaste {
  public:
   RequestTextPaste(TargetItem& target, platform::Person& person)
-      : target_(target), person_(person), references_(target) {}
+      : target_(target), person_(person), references_(target), datas_(target) {}
 
   RequestPaste read(const std::string& text) {
     TabReader reader(text);
@@ -77,6 +79,7 @@ class RequestTextPaste {
       }
       endRequest();
     }
+    datas_.finish();
     if (!warnings_.empty()) showWarnings();
     return result_;
   }
@@ -121,6 +124,7 @@ class RequestTextPaste {
       fresh_->ReplyBytes = std::make_shared<FrameBuffer>();
       request_ = fresh_.get();
     }
+    positions_.emplace(*request_);
     result_.lastRequestName = name;
     return true;
   }
@@ -152,8 +156,7 @@ class RequestTextPaste {
 
   /// The data of that name; an unknown one is created if the person agrees.
   const DataItem* dataOf(const std::string& name) {
-    if (!target_.datas()) target_.setDatas(std::make_shared<DataItems>());
-    if (const DataItem* data = target_.datas()->ItemName(name)) return data;
+    if (const DataItem* data = datas_.find(name)) return data;
     const CMultiLangEx& texts = language::global();
     if (!isAgreed("REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text",
                   texts.getMultilangMessageDefault(
@@ -164,13 +167,8 @@ class RequestTextPaste {
                       "Confirm data creation",
                       "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/title")))
       return nullptr;
-    try {
-      const DataItem* data = addDefaultData(target_, name);
-      result_.changed = true;
-      return data;
-    } catch (const Failure&) {
-      return nullptr; // the line is left out
-    }
+    result_.changed = true;
+    return datas_.addDefault(name);
   }
 
   void readPosition(const TabLine& line) {
@@ -188,8 +186,7 @@ class RequestTextPaste {
         line.has(5) ? line.flag(5) : target_.Parametres() && target_.Parametres()->LittleEndian;
     position->setData(data);
     position->reference = line.flag(6) && !references_.isInDatasRef(position->dataName);
-    if (!request_->DataPositions) request_->DataPositions = std::make_shared<DataPositionItems>();
-    if (DataPositionItem* present = request_->DataPositions->ItemName(position->dataName)) {
+    if (DataPositionItem* present = positions_->find(position->dataName)) {
       updatePosition(*present, *position);
       return;
     }
@@ -197,7 +194,7 @@ class RequestTextPaste {
       if (position->reference) references_.add(position->dataName);
       result_.changed = true;
     }
-    request_->DataPositions->AddData(std::move(position));
+    positions_->add(std::move(position));
   }
 
   void updatePosition(DataPositionItem& present, const DataPositionItem& pasted) {
@@ -217,6 +214,8 @@ class RequestTextPaste {
   }
 
   void endRequest() {
+    positions_->finish();
+    positions_.reset();
     if (!fresh_) return;
     try {
       references_.add(*requestsOf(target_).AddData(std::move(fresh_)));
@@ -238,6 +237,8 @@ class RequestTextPaste {
   TargetItem& target_;
   platform::Person& person_;
   ReferenceIndex references_;
+  ComingDatas datas_;
+  std::optional<ComingPositions> positions_; // those of the request
   RequestPaste result_;
   std::string warnings_;
   RequestItem* request_ = nullptr;     // the one that the lines belong to

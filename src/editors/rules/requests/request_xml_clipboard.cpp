@@ -5,6 +5,7 @@
 #include "common/data_import.h"
 #include "common/item_names.h"
 #include "common/reference_index.h"
+#include "common/tab_text.h"
 #include "editors/rules/requests/request_tab_clipboard.h"
 #include "language/multi_lang.h"
 
@@ -122,8 +123,7 @@ RequestPaste pasteRequestsXml(const xml::Document& document, OmnikorLibXml& data
 
 RequestPaste pasteRequests(const std::string& clipboard, OmnikorLibXml& database,
                            TargetItem& target, platform::Person& person) {
-  // A zero ends a text everywhere else on the desktop.
-  const std::string text = clipboard.substr(0, clipboard.find('\0'));
+  const std::string text(upToZero(clipboard));
   xml::Document document;
   if (document.loadXML(text)) return pasteRequestsXml(document, database, target, person);
   return pasteDataFromExcel(text, target, person);
