@@ -343,6 +343,11 @@ class DrawnIcon : public QIconEngine {
 QIcon icon(std::string_view key) {
   static std::map<std::string, QIcon, std::less<>> made;
   if (const auto known = made.find(key); known != made.end()) return known->second;
+  if (key == "none") {
+    QPixmap empty(16, 16);
+    empty.fill(Qt::transparent);
+    return made.emplace(key, QIcon(empty)).first->second;
+  }
   const auto found = drawings().find(key);
   if (found == drawings().end()) return {};
   return made.emplace(key, QIcon(new DrawnIcon(found->second))).first->second;

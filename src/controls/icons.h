@@ -11,8 +11,8 @@
 namespace kelmar {
 
 /// An icon of the program's own set, drawn at whatever size is asked for in the colours of the
-/// palette of the moment, so that it shows on light and dark windows. An empty icon for a key that
-/// the set lacks.
+/// palette of the moment, so that it shows on light and dark windows. "none" is an icon with
+/// nothing on it, which keeps the place of one. An empty icon for a key that the set lacks.
 QIcon icon(std::string_view key);
 
 /// All keys: "open", "save", "saveas", "cancel", "valid", "new", "folder", "vehicle", "search",

@@ -5,6 +5,7 @@
 #include "controls/colours.h"
 #include "controls/menus.h"
 #include "desktop/qt_text.h"
+#include "desktop/translate_control.h"
 #include "language/multi_lang.h"
 
 #include <QAction>
@@ -75,6 +76,7 @@ ZEMnumeric::ZEMnumeric(QWidget* parent)
 
   cbBase_->setObjectName("CBBase");
   cbBase_->setText("D");
+  cbBase_->setProperty(desktop::controlTypeProperty, QString()); // no text of the page's language
   cbBase_->setFocusPolicy(Qt::NoFocus);
   popupBase_->setObjectName("popupBase");
   buildBaseMenu();
@@ -109,6 +111,8 @@ void ZEMnumeric::buildBaseMenu() {
            {{.key = "baseD", .text = "decimal", .kind = MenuEntry::Kind::Check},
             {.key = "baseH", .text = "Hexa", .kind = MenuEntry::Kind::Check}},
            [this](const MenuEntry& entry) { chooseBase(entry.key == "baseH" ? 1 : 0); });
+  for (QAction* entry : popupBase_->actions())
+    entry->setProperty(desktop::controlTypeProperty, QString()); // they have keys of their own
   connect(popupBase_, &QMenu::aboutToShow, this, &ZEMnumeric::retranslateBaseMenu);
 }
 

@@ -114,4 +114,10 @@ TEST(Icons, FillASheetForTheEye) {
   EXPECT_GE(iconKeys().size(), 19u);
 }
 
+TEST(Icons, NoneKeepsThePlaceOfOne) {
+  EXPECT_FALSE(icon("none").isNull());
+  EXPECT_EQ(standsOut(drawn("none"), Qt::white), 0);
+  EXPECT_TRUE(icon("of no set").isNull());
+}
+
 } // namespace
