@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
@@ -59,6 +60,7 @@ PositionPane::PositionPane(platform::Person& person, PositionHost& host, QWidget
   connect(LVposdata, &ListView::currentMoved, this, [this] {
     if (!filling_) rowChosen();
   });
+  LVposdata->viewport()->installEventFilter(this);
   connect(LVposdata, &ListView::selectionMoved, this, [this] {
     if (!filling_) refreshCommands();
   });
@@ -162,6 +164,14 @@ void PositionPane::layOut() {
   LVposdata->setMinimumHeight(90);
 }
 
+void PositionPane::nameForReaders() {
+  const CMultiLangEx& texts = language::global();
+  DisplayRep->setAccessibleName(qs(texts.getMultilangMessageDefault(
+      "Bits of the frame", "DISPLAYRESPONSE/MSG/name/text")));
+  LVposdata->setAccessibleName(qs(
+      texts.getMultilangMessageDefault("Data in the frame", "REQUESTS/MSG/LVposdata/name/text")));
+}
+
 void PositionPane::refreshDatas() {
   const EditState::Loading loading = edits_.load();
   const QString shown = ComboData->currentText();
@@ -191,15 +201,21 @@ void PositionPane::fillView(const RequestItem& request) {
 
 void PositionPane::setScreen_DataPos() {
   const EditState::Loading loading = edits_.load();
-  preview_ = nullptr;
-  previewIsNew_ = false;
+  const RequestItem* request = host_.activeRequest();
   rows_.clear();
+  if (request) rows_ = positionRows(target(), *request, host_.sentShown());
+  drawView();
+  showRows();
+}
+
+/// The frame and the bits of the placed data, as the items are.
+void PositionPane::drawView() {
+  preview_ = nullptr;
   const RequestItem* request = host_.activeRequest();
   DisplayRep->setForeColor(normalFore);
   DisplayRep->setBackColor(normalBack);
   if (request) {
     fillView(*request);
-    rows_ = positionRows(target(), *request, host_.sentShown());
   } else {
     DisplayRep->setNumberBytes(0);
   }
@@ -222,7 +238,6 @@ void PositionPane::setScreen_DataPos() {
     host_.warnOutside(outsideWarning(host_.sentShown()));
   }
   DisplayRep->Refresh();
-  showRows();
 }
 
 void PositionPane::showRows() {
@@ -257,20 +272,48 @@ void PositionPane::rowChosen() {
 }
 
 void PositionPane::choose(DataPositionItem* position) {
+  const bool pending = edits_.changed();
   TestAndConfirmChangeDataPos();
+  if (pending) renewRows();
   active_ = position;
   lastDataName_ = position->dataName;
-  DisplayRep->UnselectAllData();
-  const DataItem* item = position->data();
-  preview_ = item ? DisplayRep->SelectData(item->NumberBits, position->StartOctet,
-                                           position->StartBit)
-                  : nullptr;
-  previewIsNew_ = false;
-  if (item) DisplayRep->SetVisibleByte(position->StartOctet);
+  selectPreview();
+  if (preview_) DisplayRep->SetVisibleByte(position->StartOctet);
   DisplayRep->Refresh();
   SetDataPosToScreen();
-  setAdd(item == nullptr);
+  setAdd(position->data() == nullptr);
   refreshCommands();
+}
+
+/// What was typed has been taken over or dropped: rows and bits show which. The rows stay where
+/// they are, as one of them is being clicked.
+void PositionPane::renewRows() {
+  const RequestItem* request = host_.activeRequest();
+  if (!request) return;
+  for (PositionRow& row : positionRows(target(), *request, host_.sentShown()))
+    if (PositionRow* shown = rowOf(row.position)) *shown = std::move(row);
+  LVposdata->rows().refreshAll();
+  host_.refreshRequest();
+  drawView();
+}
+
+/// Asks about what was typed before something else happens to the placed data.
+void PositionPane::settle() {
+  if (edits_.changed()) choose(active_);
+}
+
+void PositionPane::selectPreview() {
+  DisplayRep->UnselectAllData();
+  const DataItem* item = active_->data();
+  preview_ = item ? DisplayRep->SelectData(item->NumberBits, active_->StartOctet,
+                                           active_->StartBit)
+                  : nullptr;
+}
+
+bool PositionPane::eventFilter(QObject* watched, QEvent* event) {
+  // Asked before the list takes the press, as a box must not stand within it.
+  if (event->type() == QEvent::MouseButtonPress && watched == LVposdata->viewport()) settle();
+  return QWidget::eventFilter(watched, event);
 }
 
 void PositionPane::SetDataPosToScreen() {
@@ -337,9 +380,10 @@ void PositionPane::OnDataPosEdited() {
 }
 
 void PositionPane::PreviewDataPos() {
+  if (!preview_ && isAdding()) addPreview();
   if (!preview_) return;
   const PositionFields now = fields();
-  preview_->StartByte = now.StartOctet;
+  preview_->StartByte = std::max(now.StartOctet, 1); // an empty field shows 0
   preview_->OffsetBit = now.StartBit;
   preview_->LittleEndian = now.LittleEndian;
   DisplayRep->SetVisibleByte(now.StartOctet);
@@ -347,27 +391,40 @@ void PositionPane::PreviewDataPos() {
 }
 
 void PositionPane::nameChosen() {
-  const PositionFields now = fields();
-  if (active_ && active_->dataName == now.dataName) return;
+  if (active_ && active_->dataName == fields().dataName) {
+    // Back from the name of a data that was to be added.
+    if (isAdding() && active_->data()) {
+      drawView();
+      selectPreview();
+      setAdd(false);
+      PreviewDataPos();
+    }
+    return;
+  }
   setAdd(true);
+  if (preview_) DisplayRep->datas()->deleteItem(preview_);
+  preview_ = nullptr;
+  DisplayRep->UnselectAllData();
+  PreviewDataPos();
+  DisplayRep->Refresh();
+}
+
+bool PositionPane::isAdding() const {
+  return CBadd->property("tag").toString() == QLatin1String("ADD");
+}
+
+/// Shows where the chosen data would lie.
+void PositionPane::addPreview() {
+  const PositionFields now = fields();
   const DataItem* item =
       host_.activeRequest() ? target().datas()->ItemName(now.dataName) : nullptr;
   if (!item) return;
-  // The bits of a placed data stay in sight; those of an earlier choice go.
-  if (preview_ && previewIsNew_)
-    DisplayRep->datas()->RemoveItem(preview_->NumberBits, preview_->StartByte,
-                                    preview_->OffsetBit);
-  preview_ = nullptr;
-  DisplayRep->UnselectAllData();
   try {
     preview_ = DisplayRep->AddData(item->NumberBits, std::max(now.StartOctet, 1), now.StartBit,
                                    now.LittleEndian, {}, true, item->dataName());
-    previewIsNew_ = true;
   } catch (const Failure&) {
     // Behind the end of the frame it shows nothing.
   }
-  DisplayRep->Refresh();
-  PreviewDataPos();
 }
 
 void PositionPane::GetDataPosFromScreen() {

@@ -38,6 +38,8 @@ class PositionHost {
   /// As ListPage::SetChanged.
   virtual void positionsChanged(int kind) = 0;
   virtual void saved() = 0;
+  /// The same when the request, too, has taken over all that is on the page.
+  virtual void validated() = 0;
   virtual void cancelled() = 0;
   /// The row of the request and the warning line anew.
   virtual void refreshRequest() = 0;
@@ -70,16 +72,25 @@ class PositionPane : public QWidget {
   const std::string& lastDataName() const { return lastDataName_; }
   void setLastDataName(const std::string& name) { lastDataName_ = name; }
   void refreshCommands();
+  /// In the language of the moment.
+  void nameForReaders();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   // position_pane.cpp
   void makeControls();
   void layOut();
   void fillView(const RequestItem& request);
+  void drawView();
   void showRows();
+  void renewRows();
   PositionRow* rowOf(RowTag tag) const;
   void rowChosen();
   void choose(DataPositionItem* position);
+  void settle();
+  void selectPreview();
   void SetDataPosToScreen();
   PositionFields fields() const;
   void setAdd(bool add);
@@ -87,6 +98,8 @@ class PositionPane : public QWidget {
   void OnDataPosEdited();
   void PreviewDataPos();
   void nameChosen();
+  void addPreview();
+  bool isAdding() const;
   // position_pane_commands.cpp
   void makeCommands();
   void bitPressed(int byte, int cell, int button);
@@ -115,7 +128,6 @@ class PositionPane : public QWidget {
   EditState edits_; // guards are dataPosLoading, the mark is dataPosChanged
   DataPositionItem* active_ = nullptr;
   DisplayRespData* preview_ = nullptr;
-  bool previewIsNew_ = false; // of a data that is about to be added
   std::string lastDataName_;
   FrameBit clicked_;
   mutable std::vector<PositionRow> rows_;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/hourglass.h"
 #include "desktop/clipboard.h"
 #include "desktop/qt_text.h"
 #include "editors/position_pane.h"
@@ -64,6 +65,10 @@ void PositionPane::makeCommands() {
   LVposdata->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(LVposdata, &QWidget::customContextMenuRequested, this, [this](QPoint where) {
     if (!host_.activeRequest()) return;
+    // By the menu key the menu belongs to the current row, wherever the pointer is.
+    if (const QRect row = LVposdata->visualRect(LVposdata->currentIndex());
+        !LVposdata->viewport()->rect().contains(where) && row.isValid())
+      where = row.center();
     auto* current = static_cast<DataPositionItem*>(LVposdata->currentTag());
     const QModelIndex under = LVposdata->indexAt(where);
     popUpMenu(*LVposdata, QStringLiteral("PopupmenuData"),
@@ -149,9 +154,12 @@ void PositionPane::chosen(const MenuEntry& entry) {
 void PositionPane::bitMenuChosen(const MenuEntry& entry) {
   RequestItem* request = host_.activeRequest();
   if (!request) return;
+  settle();
   if (entry.key == "PopupCreateDataC") {
-    created(pasteDatasAt(desktop::clipboardText(), target(), *request, host_.sentShown(), clicked_,
-                         person_));
+    const Hourglass busy;
+    if (DataPositionItem* last = pasteDatasAt(desktop::clipboardText(), target(), *request,
+                                              host_.sentShown(), clicked_, person_))
+      created(last);
     return;
   }
   for (const CreateDataEntry& row : createDataEntries()) {
@@ -196,7 +204,7 @@ void PositionPane::save() {
   } else {
     GetDataPosFromScreen();
     edits_.clear();
-    host_.saved();
+    host_.validated();
   }
   host_.refreshRequest();
   setScreen_DataPos();
@@ -215,7 +223,7 @@ void PositionPane::addOrModify() {
                      platform::Buttons::Ok, platform::Icon::Critical});
     return;
   }
-  if (CBadd->property("tag").toString() == QLatin1String("MOD")) {
+  if (!isAdding()) {
     if (active_) save();
     return;
   }
@@ -237,6 +245,7 @@ void PositionPane::addOrModify() {
 
 void PositionPane::cut() {
   if (!active_) return;
+  settle();
   desktop::setClipboardText(copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(),
                                               selected()));
   if (CutData(target(), selected(), person_) > 0) rebuild(deleted);
@@ -259,6 +268,7 @@ void PositionPane::copyText() {
 void PositionPane::paste() {
   RequestItem* request = host_.activeRequest();
   if (!request) return;
+  settle();
   const bool changed = pasteDataPositions(desktop::clipboardText(), *host_.openDatabase(),
                                           target(), *request, host_.sentShown(), person_);
   refreshDatas();
@@ -273,6 +283,7 @@ void PositionPane::paste() {
 
 void PositionPane::setReference(bool reference) {
   if (!active_) return;
+  settle();
   const bool changed = reference ? RefDataPos(target(), selected(), person_)
                                  : UnRefDataPos(target(), selected(), person_);
   setScreen_DataPos();
@@ -280,6 +291,7 @@ void PositionPane::setReference(bool reference) {
 }
 
 void PositionPane::changeEndian(bool toDefault) {
+  settle();
   const bool changed =
       toDefault ? setEndianDefault(target(), selected()) : toggleEndian(selected());
   if (changed) rebuild(flagged);
@@ -287,6 +299,7 @@ void PositionPane::changeEndian(bool toDefault) {
 
 void PositionPane::replaceWith(const MenuEntry& entry) {
   if (!active_) return;
+  settle();
   const DataItem* item = nullptr;
   if (entry.names.empty()) {
     if (const DataItem* model = active_->data()) item = newDataLike(target(), *model, person_);

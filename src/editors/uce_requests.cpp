@@ -13,13 +13,13 @@
 #include "language/multi_lang.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QCheckBox>
 #include <QEvent>
 #include <QHideEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTabBar>
 
@@ -60,12 +60,16 @@ UceRequests::UceRequests(platform::Person& person, platform::Settings* settings,
   dropActive();
 }
 
-// The pane asks its host until it is gone.
-UceRequests::~UceRequests() { delete parts_->positions; }
+UceRequests::~UceRequests() {
+  // A name that is being typed is dropped, not taken over by a page that is going.
+  parts_->LVrequests->rows().setRows({});
+  delete parts_->positions; // it asks its host until it is gone
+}
 
 void UceRequests::InitControl() {
   parts_->TSsendReceipt->setCurrentIndex(0);
   desktop::TranslateControl(*this, language::global(), "REQUESTS/CONTROLS");
+  parts_->nameForReaders();
   refreshCount();
   parts_->ShowErrorMsg();
 }
@@ -114,7 +118,6 @@ void UceRequests::setEditDataName(const QString& name) {
 
 void UceRequests::hideEvent(QHideEvent* event) {
   ListPage::hideEvent(event);
-  // While another page is in sight the items may go; the next entry fills the list again.
   if (event->spontaneous() || !isHidden()) return;
   parts_->LVrequests->rows().setRows({});
   dropActive();
@@ -160,7 +163,12 @@ void UceRequests::showItem(RowTag item) {
 }
 
 void UceRequests::confirmedByClick(bool applied) {
-  if (applied) refreshActiveRow();
+  if (!applied) return;
+  // The row that is being clicked stays under the pointer.
+  const int top = list().verticalScrollBar()->value();
+  parts_->forgetMarks();
+  fillList();
+  list().verticalScrollBar()->setValue(top);
 }
 
 void UceRequests::stateMoved() {
@@ -196,6 +204,16 @@ bool UceRequests::TestAndConfirmChange() {
   edits().clear();
   stateMoved();
   return true;
+}
+
+/// What has no caption of its own says what it is to those who listen.
+void UceRequests::Parts::nameForReaders() {
+  const CMultiLangEx& texts = language::global();
+  LVrequests->setAccessibleName(qs(
+      texts.getMultilangMessageDefault("List of requests", "REQUESTS/MSG/LVrequests/name/text")));
+  TSsendReceipt->setAccessibleName(qs(texts.getMultilangMessageDefault(
+      "Frame of the request", "REQUESTS/MSG/TSsendReceipt/name/text")));
+  positions->nameForReaders();
 }
 
 RequestFields UceRequests::Parts::readControls() const {
@@ -239,7 +257,8 @@ void UceRequests::Parts::showControls(const RequestFields& fields) {
 void UceRequests::Parts::edited() { page.SetChanged(Edited); }
 
 void UceRequests::Parts::frameEdited(QLineEdit& field) {
-  if (page.edits().loading() || LVrequests->selectedTags().empty()) return;
+  if (page.edits().loading()) return;
+  if (&field == TextReqBytes && LVrequests->selectedTags().empty()) return;
   colourFields();
   if (&field == TextReqBytes) lblReqLength->setText(qs(requestLengthText(u8(field.text()))));
   edited();
@@ -299,8 +318,8 @@ bool UceRequests::Parts::rename(RequestItem& item, const std::string& text) {
     return false;
   }
   page.rememberName(item.requestName);
-  normalised.erase(&item);
   withoutBytes.erase(&item);
+  renamed.insert(&item);
   showCaption();
   ShowErrorMsg();
   page.SetChanged(Renamed);
@@ -310,7 +329,7 @@ bool UceRequests::Parts::rename(RequestItem& item, const std::string& text) {
 void UceRequests::Parts::showCaption() {
   const RequestItem* item = request();
   FrameInfos->setTitle(item ? qs(replaceAll(item->requestName, "&", "&&")) : QString());
-  FrameInfos->setFault(item && findingOf(*item, *target()) != RequestFinding::None);
+  FrameInfos->setFault(item && lookOf(page.active()).colour == faultRed);
 }
 
 void UceRequests::Parts::ShowErrorMsg() {
@@ -351,6 +370,7 @@ void UceRequests::Parts::showSide(bool sent) {
 RowLook UceRequests::Parts::lookOf(RowTag tag) const {
   const RequestItem& item = requestOf(tag);
   RowLook look{.icon = requestIcon(item)};
+  if (renamed.contains(tag)) return look;
   const RequestFinding finding = target() ? findingOf(item, *target()) : RequestFinding::None;
   if (finding != RequestFinding::None || withoutBytes.contains(tag)) {
     look.bold = true;
@@ -367,6 +387,7 @@ CellLook UceRequests::Parts::cellLookOf(RowTag tag, int column) const {
 
 void UceRequests::Parts::setRequestListView(RequestItem& item) {
   withoutBytes.erase(&item);
+  renamed.erase(&item);
   LVrequests->rows().refresh(&item);
   if (&item == request()) showCaption();
 }

@@ -216,9 +216,14 @@ void UceRequests::Parts::CutRequest() {
   if (deleted > 0) page.announceApplied();
 }
 
-void UceRequests::Parts::dropActiveAndRebuild() {
+void UceRequests::Parts::forgetMarks() {
   normalised.clear();
   withoutBytes.clear();
+  renamed.clear();
+}
+
+void UceRequests::Parts::dropActiveAndRebuild() {
+  forgetMarks();
   positions->leave();
   page.dropActive();
   positions->refreshDatas();
@@ -253,11 +258,11 @@ void UceRequests::Parts::changeNames(const std::string& key) {
   if (!command) return;
   const auto newName = askNameChange(*command, page.person());
   if (!newName) return;
-  const RequestSelection renamed = renameRequests(*target(), selected(), newName);
-  if (renamed.empty()) return;
-  for (RequestItem* item : renamed) {
-    normalised.erase(item);
+  const RequestSelection done = renameRequests(*target(), selected(), newName);
+  if (done.empty()) return;
+  for (RequestItem* item : done) {
     withoutBytes.erase(item);
+    renamed.insert(item);
   }
   LVrequests->rows().refreshAll();
   if (request()) page.rememberName(request()->requestName);

@@ -68,11 +68,13 @@ struct UceRequests::Parts : PositionHost {
   void generateTests();
   void importHex();
   void dropActiveAndRebuild();
+  void forgetMarks();
   RequestPageState state() const;
   RequestSelection selected() const;
   // uce_requests.cpp
   TargetItem* target() const { return database ? database->ActiveTarget.get() : nullptr; }
   RequestItem* request() const { return page.activeItem<RequestItem>(); }
+  void nameForReaders();
   RequestFields readControls() const;
   void showControls(const RequestFields& fields);
   void edited();
@@ -99,6 +101,7 @@ struct UceRequests::Parts : PositionHost {
   std::optional<Failure> GetRequestFromScreen() override;
   void positionsChanged(int kind) override;
   void saved() override { emit page.OnSave(false); }
+  void validated() override { page.announceApplied(); }
   void cancelled() override { emit page.OnCancel(); }
   void refreshRequest() override;
   void warnOutside(const std::string& text) override;
@@ -113,6 +116,8 @@ struct UceRequests::Parts : PositionHost {
   bool errorShown = false;
   /// Rows that a normalisation of reply templates has marked, until the list is filled again.
   std::unordered_set<RowTag> normalised, withoutBytes;
+  /// Rows that have looked like all others since they were renamed, until they are shown anew.
+  std::unordered_set<RowTag> renamed;
   CommandTable *commands = nullptr, *listCommands = nullptr;
 
   QToolBar* tbToolBar = nullptr;

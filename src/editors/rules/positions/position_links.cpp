@@ -34,15 +34,14 @@ bool replaceData(TargetItem& target, DataPositionItem& position, const DataItem&
                  platform::Person& person) {
   const CMultiLangEx& texts = language::global();
   const std::string& newName = newData.dataName();
-  const auto error = [&](const std::string& key, const std::string& text) {
-    person.message({key,
-                    texts.getMultilangMessageDefault(
-                        "Error", "REQUESTS/MSG/ppDataReplaceData_Click/dataAlreadyExists/title"),
-                    text, Buttons::Ok, Icon::Critical});
+  const auto error = [&](const char* key, const std::string& title, const std::string& text) {
+    person.message({key, title, text, Buttons::Ok, Icon::Critical});
     return false;
   };
   if (position.parent && position.parent->DataPositions->ItemName(newName))
     return error("REQUESTS/MSG/ppDataReplaceData_Click/dataAlreadyExists/text",
+                 texts.getMultilangMessageDefault(
+                     "Error", "REQUESTS/MSG/ppDataReplaceData_Click/dataAlreadyExists/title"),
                  texts.getMultilangMessageDefault(
                      "Data '{0}' already exists in this request",
                      "REQUESTS/MSG/ppDataReplaceData_Click/dataAlreadyExists/text", newName));
@@ -52,6 +51,8 @@ bool replaceData(TargetItem& target, DataPositionItem& position, const DataItem&
   if (newDevice) {
     if (const OrganeItem* oldDevice = target.GetDeviceUsingData(position.dataName))
       return error("REQUESTS/MSG/ppDataReplaceData_Click/dataAlreadyAssociated/text",
+                   texts.getMultilangMessageDefault(
+                       "Error", "REQUESTS/MSG/ppDataReplaceData_Click/dataAlreadyAssociated/title"),
                    texts.getMultilangMessageDefault(
                        "Data '{0}' is associated to device '{1}'{crlf}Data '{2}' is associated to "
                        "device '{3}'{crlf}Impossible to replace data '{4}' with data '{5}'",
