@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Requests that go from one program to another through the clipboard of the desktop, and that are
+// dragged within one.
+#include "app/pages.h"
+#include "base/text.h"
+#include "controls/list_view.h"
+#include "desktop/clipboard.h"
+#include "window/program_from_outside.h"
+
+#include <QTabBar>
+
+namespace kelmar {
+namespace {
+
+using namespace outside;
+
+/// Where to click in the window of a program that has opened the file.
+struct Places {
+  QPoint requestsTab, firstRow, belowRows;
+};
+
+Places placesFor(const support::SmallSite& site) {
+  support::ScriptedPerson person;
+  support::MemorySettings settings;
+  support::NotedProcesses processes;
+  platform::SiteStart start;
+  start.site = site.root();
+  start.language = "en";
+  platform::SiteSettings siteSettings(start);
+  const KelmarForm::Machine machine{person, settings, processes, siteSettings};
+  KelmarForm form(machine, {}, pageMakers(machine));
+  form.start("");
+  support::showToUser(form);
+  form.openFile(site.engine());
+  auto& tabs = support::control<QTabBar>(form, "TabStripPrincipal");
+  int tab = 0;
+  while (tabs.tabText(tab) != QLatin1String("Requests"))
+    if (++tab == tabs.count()) throw std::runtime_error("no tab of requests");
+  tabs.setCurrentIndex(tab);
+  auto& list = support::control<ListView>(form, "LVrequests");
+  if (!support::waitUntil([&] { return list.isVisible() && list.rows().rowCount() == 1; }))
+    throw std::runtime_error("the requests do not show");
+  const QRect row = list.visualRect(list.rows().index(0, 0));
+  const auto at = [&](QPoint inList) { return list.viewport()->mapTo(&form, inList); };
+  return {tabs.mapTo(&form, tabs.tabRect(tab).center()),
+          at(QPoint(row.left() + 40, row.center().y())),
+          at(QPoint(row.left() + 60, list.viewport()->height() / 2))};
+}
+
+void moveTo(const QString& window, QPoint point) {
+  xdotool({"mousemove", "--sync", "--window", window, QString::number(point.x()),
+           QString::number(point.y())});
+}
+
+void clickAt(const QString& window, QPoint point) {
+  moveTo(window, point);
+  xdotool({"click", "1"});
+}
+
+/// An ECU file that knows other data and requests than that of the engine.
+std::string brakes() {
+  return replaceAll(replaceAll(support::smallEcu("Brakes"), "\"Speed\"", "\"Débit &amp; pression\""), "\"Read\"",
+                    "\"Read brakes\"");
+}
+
+bool fileHolds(const std::string& file, const std::string& request) {
+  OmnikorLibXml database;
+  database.ImportUceFromXml(file);
+  return database.ActiveTarget->Requests()->ItemName(request) != nullptr;
+}
+
+TEST(ClipboardOfTwoPrograms, RequestsGoFromOneToTheOtherWithTheirData) {
+  const support::SmallSite site;
+  const Places places = placesFor(site);
+  const std::string other = site.file("vehicles/Tern/Brakes.xml");
+  site.folder().write("vehicles/Tern/Brakes.xml", brakes());
+
+  Program source(onSite(site, {QString::fromStdString(other)}));
+  const QString first = windowWith(captionOf("Brakes"));
+  focus(first);
+  clickAt(first, places.requestsTab);
+  desktop::setClipboardText("before");
+  clickAt(first, places.firstRow);
+  press("ctrl+c");
+  ASSERT_TRUE(support::waitUntil(
+      [] { return desktop::clipboardText().starts_with("<Requests Endian=\"Big\">"); }, patience))
+      << desktop::clipboardText();
+
+  Program target(onSite(site, {QString::fromStdString(site.engine())}));
+  const QString second = windowWith(captionOf("Engine"));
+  focus(second);
+  clickAt(second, places.requestsTab);
+  clickAt(second, places.firstRow);
+  press("ctrl+v");
+  press("ctrl+s");
+  EXPECT_TRUE(support::waitUntil([&] { return fileHolds(site.engine(), "Read brakes"); }, patience));
+  OmnikorLibXml saved;
+  saved.ImportUceFromXml(site.engine());
+  const RequestItem* pasted = saved.ActiveTarget->Requests()->ItemName("Read brakes");
+  ASSERT_TRUE(pasted && pasted->DataPositions && pasted->DataPositions->Count() == 1);
+  EXPECT_EQ(pasted->DataPositions->Item(1)->dataName, "Débit & pression");
+  EXPECT_EQ(pasted->DataPositions->Item(1)->StartOctet, 3);
+  EXPECT_TRUE(saved.ActiveTarget->datas()->ItemName("Débit & pression"));
+  EXPECT_TRUE(source.running() && target.running());
+  EXPECT_EQ(source.errors() + target.errors(), "");
+}
+
+TEST(DragWithinAProgram, ARowThatIsDroppedOnTheListIsPasted) {
+  const support::SmallSite site;
+  const Places places = placesFor(site);
+  Program program(onSite(site, {QString::fromStdString(site.engine())}));
+  const QString window = windowWith(captionOf("Engine"));
+  focus(window);
+  clickAt(window, places.requestsTab);
+  clickAt(window, places.firstRow);
+  moveTo(window, places.firstRow);
+  xdotool({"mousedown", "1"});
+  // A hand moves step by step, and the desktop answers each of them.
+  for (int step = 1; step <= 8; ++step) {
+    moveTo(window, places.firstRow + (places.belowRows - places.firstRow) * step / 8);
+    xdotool({"sleep", "0.05"});
+  }
+  xdotool({"mouseup", "1"});
+  xdotool({"sleep", "0.5"});
+  press("ctrl+s");
+  EXPECT_TRUE(support::waitUntil([&] { return fileHolds(site.engine(), "Copy Read"); }, patience));
+  EXPECT_EQ(program.errors(), "");
+}
+
+} // namespace
+} // namespace kelmar
