@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QListView>
 #include <QPushButton>
@@ -105,7 +106,7 @@ void PositionPane::makeControls() {
   CBadd->setToolTip(QStringLiteral("Add new data"));
   CBadd->setAutoDefault(false);
   LVposdata = new ListView(
-      {{.key = "dataname", .caption = "Data name", .width = 230},
+      {{.key = "dataname", .caption = "Data name", .width = 190},
        {.key = "startbyte", .caption = "Start byte", .width = 80},
        {.key = "bitoffset", .caption = "Offset bit", .width = 75},
        {.key = "numberofbits", .caption = "Numbers bits", .sort = SortType::Number, .width = 90},
@@ -164,12 +165,16 @@ void PositionPane::layOut() {
   LVposdata->setMinimumHeight(90);
 }
 
-void PositionPane::nameForReaders() {
+void PositionPane::retranslate() {
   const CMultiLangEx& texts = language::global();
   DisplayRep->setAccessibleName(qs(texts.getMultilangMessageDefault(
       "Bits of the frame", "DISPLAYRESPONSE/MSG/name/text")));
   LVposdata->setAccessibleName(qs(
       texts.getMultilangMessageDefault("Data in the frame", "REQUESTS/MSG/LVposdata/name/text")));
+  // Captions are longer in some languages.
+  for (int column = 0; column < PositionColumns; ++column)
+    LVposdata->setColumnWidth(column, std::max(LVposdata->columnWidth(column),
+                                               LVposdata->header()->sectionSizeHint(column)));
 }
 
 void PositionPane::refreshDatas() {

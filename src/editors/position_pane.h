@@ -72,8 +72,9 @@ class PositionPane : public QWidget {
   const std::string& lastDataName() const { return lastDataName_; }
   void setLastDataName(const std::string& name) { lastDataName_ = name; }
   void refreshCommands();
-  /// In the language of the moment.
-  void nameForReaders();
+  /// What the page's own translation leaves: names for readers, and columns as wide as their
+  /// captions.
+  void retranslate();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

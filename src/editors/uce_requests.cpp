@@ -213,7 +213,7 @@ void UceRequests::Parts::nameForReaders() {
       texts.getMultilangMessageDefault("List of requests", "REQUESTS/MSG/LVrequests/name/text")));
   TSsendReceipt->setAccessibleName(qs(texts.getMultilangMessageDefault(
       "Frame of the request", "REQUESTS/MSG/TSsendReceipt/name/text")));
-  positions->nameForReaders();
+  positions->retranslate();
 }
 
 RequestFields UceRequests::Parts::readControls() const {

@@ -247,6 +247,7 @@ void UceRequests::Parts::copyTradConfig() {
 
 void UceRequests::Parts::pasteData(const std::string& text) {
   if (!target()) return;
+  page.TestAndConfirmChange(); // the fields are about to show another request
   const RequestPaste done = pasteRequests(text, *database, *target(), page.person());
   if (!done.lastRequestName.empty()) page.rememberName(done.lastRequestName);
   dropActiveAndRebuild();

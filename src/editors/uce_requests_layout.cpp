@@ -79,14 +79,6 @@ void UceRequests::Parts::makeControls() {
   tbToolBar = named<QToolBar>("tbToolBar", &page);
   tbToolBar->setIconSize(QSize(20, 20));
   rows->addWidget(tbToolBar);
-  errorMsg = untranslated(named<QLabel>("errorMsg", &page));
-  errorMsg->setWordWrap(true);
-  errorMsg->setAutoFillBackground(true);
-  errorMsg->setContentsMargins(6, 3, 6, 3);
-  errorMsg->setTextFormat(Qt::PlainText);
-  errorMsg->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  errorMsg->hide();
-  rows->addWidget(errorMsg);
   splitter = named<QSplitter>("splitter", &page);
   splitter->setChildrenCollapsible(false);
   rows->addWidget(splitter, 1);
@@ -114,7 +106,19 @@ void UceRequests::Parts::makeControls() {
   leftRows->addWidget(lblInfo);
   splitter->addWidget(left);
 
-  FrameInfos = untranslated(new CaptionFrame(splitter));
+  // Beside the list: a line that comes and goes must not move the row that is being clicked.
+  auto* right = new QWidget(splitter);
+  auto* rightRows = new QVBoxLayout(right);
+  rightRows->setContentsMargins(0, 0, 0, 0);
+  errorMsg = untranslated(named<QLabel>("errorMsg", right));
+  errorMsg->setWordWrap(true);
+  errorMsg->setAutoFillBackground(true);
+  errorMsg->setContentsMargins(6, 3, 6, 3);
+  errorMsg->setTextFormat(Qt::PlainText);
+  errorMsg->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  errorMsg->hide();
+  rightRows->addWidget(errorMsg);
+  FrameInfos = untranslated(new CaptionFrame(right));
   FrameInfos->setObjectName(QStringLiteral("FrameInfos"));
   auto* fields = new QVBoxLayout(FrameInfos);
   fields->setContentsMargins(6, 4, 6, 4);
@@ -135,7 +139,8 @@ void UceRequests::Parts::makeControls() {
   positions = new PositionPane(page.person(), *this, FrameInfos);
   positions->setObjectName(QStringLiteral("PositionPane"));
   fields->addWidget(positions, 1);
-  splitter->addWidget(FrameInfos);
+  rightRows->addWidget(FrameInfos, 1);
+  splitter->addWidget(right);
   splitter->setStretchFactor(0, 2);
   splitter->setStretchFactor(1, 3);
   splitter->setSizes({400, 600});

@@ -216,6 +216,15 @@ TEST_F(UceRequestsPage, ADataAtTheServiceByteIsToldByRowCaptionAndLine) {
   EXPECT_EQ(warning(), "");
 }
 
+TEST_F(UceRequestsPage, AWarningThatComesAndGoesLeavesTheRowsUnderThePointer) {
+  place("Session", "Speed", false, 1, 0);
+  const QPoint before = list().mapTo(page.get(), QPoint());
+  clickRow(list(), 2);
+  ASSERT_NE(warning(), "");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(list().mapTo(page.get(), QPoint()), before);
+}
+
 TEST_F(UceRequestsPage, Addresses0And255SilenceTheServiceByte) {
   place("Session", "Speed", false, 1, 0);
   for (const int address : {0, 255}) {

@@ -162,6 +162,15 @@ TEST_F(UceRequestsList, ForeignXmlChangesNothingAndDropsNothing) {
   EXPECT_EQ(caption(), "Read");
 }
 
+TEST_F(UceRequestsList, WhatIsTypedIsAskedAboutBeforeAPaste) {
+  retype(field("TextReqBytes"), "2102");
+  setClipboardText("Tabbed\t1\n");
+  expectConfirmation(Answer::Yes);
+  key("paste");
+  EXPECT_EQ(the("Read").RequestBytes->HexText(), "2102");
+  EXPECT_EQ(caption(), "Tabbed");
+}
+
 TEST_F(UceRequestsList, PastedDataCanBeChosenAtOnce) {
   setClipboardText("<Requests Endian='Big'><Datas><Data Name='Brought'/></Datas>"
                    "<Request Name='Other'/></Requests>");
