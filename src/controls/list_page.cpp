@@ -8,6 +8,7 @@
 #include "language/error_box.h"
 #include "language/multi_lang.h"
 
+#include <QHideEvent>
 #include <QItemSelection>
 #include <QKeyEvent>
 #include <QLabel>
@@ -39,6 +40,13 @@ class Raised {
 
 ListPage::ListPage(platform::Person& person, FindTexts find, QWidget* parent)
     : Page(parent), person_(person), findTexts_(find), edits_([this] { emit OnChange(); }) {}
+
+ListPage::~ListPage() {
+  // What the page held is gone, its children are not: a field that loses the focus would still tell
+  // what was typed, and the list would ask for its texts.
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+  if (list_) list_->rows().setRows({});
+}
 
 void ListPage::useList(ListView& list, QLabel& count) {
   list_ = &list;
@@ -76,6 +84,14 @@ bool ListPage::eventFilter(QObject* watched, QEvent* event) {
     makeActive(active_);
   }
   return Page::eventFilter(watched, event);
+}
+
+void ListPage::hideEvent(QHideEvent* event) {
+  Page::hideEvent(event);
+  // A window that is put away or that hides all its pages at once keeps what they show.
+  if (!list_ || event->spontaneous() || !isHidden()) return;
+  list_->rows().setRows({});
+  dropActive();
 }
 
 void ListPage::rowChosen() {
@@ -130,10 +146,11 @@ void ListPage::fill(const std::function<void()>& select) {
 
 void ListPage::fillList() {
   fill([this] {
-    const std::vector<RowTag>& tags = list_->rows().tags();
-    for (std::size_t row = 0; row < tags.size(); ++row)
-      if (nameOf(tags[row]) == lastName_) return list_->selectRow(static_cast<int>(row));
-    list_->selectRow(0);
+    const RowTag remembered = itemNamed(lastName_);
+    const int row = remembered && nameOf(remembered) == lastName_
+                        ? list_->rows().rowOf(remembered)
+                        : -1;
+    list_->selectRow(std::max(row, 0));
   });
 }
 
@@ -157,13 +174,17 @@ void ListPage::choose(RowTag item) {
   if (list_->currentTag() == item && (moves || !edits_.changed())) makeActive(item);
 }
 
+RowTag ListPage::itemNamed(const std::string& name) const {
+  for (const RowTag item : list_->rows().tags())
+    if (nameOf(item) == name) return item;
+  return nullptr;
+}
+
 bool ListPage::chooseName(const std::string& name) {
-  for (const RowTag item : list_->rows().tags()) {
-    if (nameOf(item) != name) continue;
-    choose(item);
-    return true;
-  }
-  return false;
+  const RowTag item = itemNamed(name);
+  if (!item || nameOf(item) != name || list_->rows().rowOf(item) < 0) return false;
+  choose(item);
+  return true;
 }
 
 void ListPage::addRow(RowTag item, std::optional<int> before) {

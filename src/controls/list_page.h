@@ -33,6 +33,10 @@ namespace kelmar {
 ///
 /// The active item is the row that the person went to last. Going to another row asks
 /// TestAndConfirmChange first.
+///
+/// Out of sight the list is empty and no item is active, as items may go while another page works
+/// on the ECU; displayDatas fills the list at the next entry, and the item that was shown last is
+/// chosen by its name.
 class ListPage : public Page {
   Q_OBJECT
 
@@ -46,12 +50,16 @@ class ListPage : public Page {
     KeyedText text, title;
   };
   ListPage(platform::Person& person, FindTexts find, QWidget* parent);
+  ~ListPage() override;
 
   // What the page is asked.
 
   /// All items, in the order in which the list is to show them.
   virtual std::vector<RowTag> items() const = 0;
   virtual std::string nameOf(RowTag item) const = 0;
+  /// The item of the list with that name, which may differ in case, or null. Asked at each filling:
+  /// a page whose items have an index answers from it instead of walking the rows.
+  virtual RowTag itemNamed(const std::string& name) const;
   virtual std::string countText(int rows) const = 0;
   /// Shows the item in the fields; null empties them.
   virtual void showItem(RowTag item) = 0;
@@ -126,6 +134,7 @@ class ListPage : public Page {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void rowChosen();

@@ -15,7 +15,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QEvent>
-#include <QHideEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -114,13 +113,6 @@ void UceRequests::setEditDataName(const QString& name) {
     parts_->TSsendReceipt->setCurrentIndex(position->param ? 0 : 1);
   else
     parts_->positions->setScreen_DataPos();
-}
-
-void UceRequests::hideEvent(QHideEvent* event) {
-  ListPage::hideEvent(event);
-  if (event->spontaneous() || !isHidden()) return;
-  parts_->LVrequests->rows().setRows({});
-  dropActive();
 }
 
 void UceRequests::changeEvent(QEvent* event) {

@@ -45,7 +45,6 @@ class UceRequests : public ListPage {
   void showItem(RowTag item) override;
   void confirmedByClick(bool applied) override;
   void stateMoved() override;
-  void hideEvent(QHideEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
