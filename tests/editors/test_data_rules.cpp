@@ -290,23 +290,6 @@ TEST_F(DataRules, ReplacingLeavesANameThatIsTakenAlone) {
   EXPECT_EQ(datas[1]->dataName(), "b2");
 }
 
-TEST_F(DataRules, TheMenuListsRequestsWithTheReferenceInBrackets) {
-  DataItem* data = add("Speed & rate");
-  addRequest("R1");
-  addRequest("R2");
-  place("R1", "Speed & rate");
-  place("R2", "Speed & rate")->reference = true;
-  const MenuEntry menu = requestsMenu(target, *data);
-  ASSERT_EQ(menu.entries.size(), 2u);
-  EXPECT_EQ(menu.entries[0].text, "R1");
-  EXPECT_EQ(menu.entries[1].text, "[ R2 ]");
-  EXPECT_EQ(menu.entries[1].names, (std::vector<std::string>{"R2", "Speed & rate"}));
-  const MenuEntry none = requestsMenu(target, *add("unused"));
-  ASSERT_EQ(none.entries.size(), 1u);
-  EXPECT_EQ(none.entries[0].text, "No request");
-  EXPECT_FALSE(none.entries[0].enabled);
-}
-
 TEST_F(DataRules, EntriesOfTheMenuFollowTheSelection) {
   const auto enabled = [](const std::vector<MenuEntry>& menu) {
     std::string keys;

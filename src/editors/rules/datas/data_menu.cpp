@@ -3,6 +3,7 @@
 #include "editors/rules/datas/data_menu.h"
 
 #include "common/name_commands.h"
+#include "editors/rules/datas/data_goto.h"
 #include "language/multi_lang.h"
 
 namespace kelmar {
@@ -20,22 +21,6 @@ MenuEntry entry(const char* name, const KeyedText& caption, bool enabled) {
 MenuEntry separator() { return {.kind = MenuEntry::Kind::Separator}; }
 
 } // namespace
-
-MenuEntry requestsMenu(const TargetItem& target, const DataItem& data) {
-  MenuEntry menu = entry("menuRequests", {"DATAS/CONTROLS/menuRequests/caption", "Requests"}, true);
-  for (const DataPositionItem* position : target.GetRequestsUsingData(data.dataName())) {
-    if (!position->parent) continue;
-    const std::string& request = position->parent->requestName;
-    menu.entries.push_back({.key = "menuReq",
-                            .text = position->reference ? "[ " + request + " ]" : request,
-                            .literal = true,
-                            .names = {request, data.dataName()}});
-  }
-  if (menu.entries.empty())
-    menu.entries.push_back({.key = "menuReq", .text = textOf({"DATAS/CONTROLS/menuReq/caption", "No request"}),
-                            .enabled = false});
-  return menu;
-}
 
 std::vector<MenuEntry> dataMenu(const DataMenuState& state) {
   const bool open = state.target != nullptr;

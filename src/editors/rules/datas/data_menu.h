@@ -21,7 +21,4 @@ struct DataMenuState {
 /// `menuRequests` bear the key `menuReq` and the names of request and data.
 std::vector<MenuEntry> dataMenu(const DataMenuState& state);
 
-/// One entry per request that uses the data; one that is off when none does.
-MenuEntry requestsMenu(const TargetItem& target, const DataItem& data);
-
 } // namespace kelmar
