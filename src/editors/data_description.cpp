@@ -9,6 +9,7 @@
 #include "language/multi_lang.h"
 
 #include <QHBoxLayout>
+#include <QImage>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -22,7 +23,21 @@ QuietBrowser::QuietBrowser(QWidget* parent) : QTextBrowser(parent) {
   setOpenExternalLinks(false);
 }
 
-QVariant QuietBrowser::loadResource(int, const QUrl&) { return {}; }
+QVariant QuietBrowser::loadResource(int type, const QUrl&) {
+  if (type != QTextDocument::ImageResource) return {};
+  // Without a picture in its place the text would look for the file by itself.
+  QImage leftOut(16, 16, QImage::Format_ARGB32_Premultiplied);
+  leftOut.fill(Qt::transparent);
+  return leftOut;
+}
+
+void QuietBrowser::showOnPaper() {
+  QPalette paper;
+  paper.setColor(QPalette::Base, Qt::white);
+  paper.setColor(QPalette::Text, Qt::black);
+  paper.setColor(QPalette::Link, Qt::blue);
+  setPalette(paper);
+}
 
 frmDataDescription::frmDataDescription(const QString& title, const std::string& fiche,
                                        QWidget* parent)
@@ -54,8 +69,14 @@ frmDataDescription::frmDataDescription(const QString& title, const std::string& 
   WebBrowser1->setVisible(kind == FicheKind::Page);
   rtbDescription->setVisible(kind != FicheKind::Page);
   rtbDescription->setReadOnly(!editable_);
+  OKButton->setEnabled(editable_);
   rtbDescription->setAcceptRichText(false);
   rtbDescription->setUndoRedoEnabled(true);
+  for (QuietBrowser* shown : {WebBrowser1, rtbDescription}) {
+    shown->setAccessibleName(title);
+    // Its colours were chosen for white paper, whatever the palette of the desktop.
+    if (!editable_) shown->showOnPaper();
+  }
   if (kind == FicheKind::Page)
     WebBrowser1->setHtml(qs(fichePage(fiche)));
   else if (kind == FicheKind::RichText)

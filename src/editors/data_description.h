@@ -18,7 +18,10 @@ class QuietBrowser : public QTextBrowser {
 
  public:
   explicit QuietBrowser(QWidget* parent = nullptr);
+  /// A blank in the place of every picture, nothing for all else.
   QVariant loadResource(int type, const QUrl& name) override;
+  /// Black on white in every palette.
+  void showOnPaper();
 };
 
 /// The documentation of a data or of one of its values: as rich text, as a page, or as text that

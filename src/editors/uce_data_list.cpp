@@ -10,12 +10,16 @@
 #include "language/error_box.h"
 #include "language/multi_lang.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <cmath>
 
 namespace kelmar {
 
@@ -36,6 +40,12 @@ UceDataList::UceDataList(platform::Person& person, QWidget* parent)
   makeControls();
   makeCommands();
   refresh();
+}
+
+UceDataList::~UceDataList() {
+  // A field that loses the focus because the control goes would still tell what was typed.
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+  LVmain->rows().setRows({}); // its functions know this control
 }
 
 void UceDataList::makeControls() {
@@ -61,9 +71,9 @@ void UceDataList::makeControls() {
   ValRange = new ZEMnumeric(this);
   ValRange->setObjectName(QStringLiteral("ValRange"));
   ValRange->setRangeChecking(true);
-  ValRange->SetMinMax(-2147483648.0, 2147483647.0);
   ValRange->setDiscrete(true);
   ValRange->setDiscreteInterval(1);
+  setRange(0, true);
   ValText = new QLineEdit(this);
   ValText->setObjectName(QStringLiteral("ValText"));
   Infos = new QPushButton(QStringLiteral("Value specific documentation ..."), this);
@@ -89,8 +99,12 @@ void UceDataList::makeControls() {
   });
   connect(CBaddNew, &QPushButton::clicked, this, [this] { addNew(); });
   connect(Infos, &QPushButton::clicked, this, [this] { editInfo(); });
-  connect(LVmain, &ListView::currentMoved, this, [this] { rowClicked(); });
-  connect(LVmain, &ListView::selectionMoved, this, [this] { refresh(); });
+  connect(LVmain, &ListView::currentMoved, this, [this] { rowChosen(); });
+  LVmain->viewport()->installEventFilter(this);
+  connect(LVmain, &ListView::selectionMoved, this, [this] {
+    rowChosen();
+    refresh();
+  });
   LVmain->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(LVmain, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
     popUpMenu(*LVmain, QStringLiteral("PopupRange"), LVmain->viewport()->mapToGlobal(where), menu(),
@@ -108,7 +122,7 @@ void UceDataList::makeCommands() {
       {.key = "save", .toolTip = "Valid changes", .icon = "valid",
        .run = [this] { changeItem(); }, .enabled = [state] { return state().save; }},
       {.key = "cut", .toolTip = "Cut selected items (Ctrl X)", .icon = "cut",
-       .run = [this] { chosen({.key = "PopupRcut"}); }, .enabled = [state] { return state().cut; },
+       .run = [this] { cut(); }, .enabled = [state] { return state().cut; },
        .shortcuts = {QKeySequence(QKeySequence::Cut), QKeySequence(Qt::Key_Delete)}},
       {.key = "copy", .toolTip = "Copy selected items to clipboard (Ctrl C)", .icon = "copy",
        .run = [this] { copy(false); }, .enabled = [state] { return state().copy; },
@@ -125,6 +139,10 @@ void UceDataList::makeCommands() {
 
 void UceDataList::InitControl() {
   desktop::TranslateControl(*this, language::global(), "DATALIST/CONTROLS");
+  // The fields stand below the columns that they belong to, without captions of their own.
+  ValRange->setAccessibleName(LVmain->model()->headerData(0, Qt::Horizontal).toString());
+  ValText->setAccessibleName(LVmain->model()->headerData(1, Qt::Horizontal).toString());
+  LVmain->setAccessibleName(qs(textOf({"DATALIST/MSG/LVmain/name", "Values"})));
 }
 
 void UceDataList::setLang(const std::string&) { InitControl(); }
@@ -134,6 +152,32 @@ void UceDataList::setData(DataItem* data) {
   shown_ = nullptr;
   values_.bind(data);
   fillRows(nullptr);
+}
+
+void UceDataList::setRange(int numberBits, bool isSigned) {
+  constexpr int most = 32;
+  const bool any = numberBits < 1 || numberBits > most;
+  const double half = std::ldexp(1.0, (any ? most : numberBits) - 1);
+  least_ = any || isSigned ? -half : 0;
+  greatest_ = std::min(any || isSigned ? half - 1 : 2 * half - 1, 2147483647.0);
+  applyRange();
+}
+
+void UceDataList::applyRange() {
+  // The value of the row in the fields is not to change by walking through its field.
+  const double shown = shown_ ? shown_->value : 0;
+  ValRange->SetMinMax(std::min(least_, shown), std::max(greatest_, shown));
+}
+
+bool UceDataList::eventFilter(QObject* watched, QEvent* event) {
+  // Asked before the list takes the press, as a box must not stand within it. The fields show the
+  // row again, also when the click goes to the same one.
+  if (watched == LVmain->viewport() && event->type() == QEvent::MouseButtonPress && itemChanged_ &&
+      shown_) {
+    TestAndConfirmChange();
+    showRow(shown_);
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void UceDataList::fillRows(ValueRow* current) {
@@ -178,16 +222,19 @@ std::vector<ValueRow*> UceDataList::selectedRows() const {
 
 ValueRow* UceDataList::currentRow() const { return static_cast<ValueRow*>(LVmain->currentTag()); }
 
-void UceDataList::rowClicked() {
-  if (loading_ || currentRow() == shown_) return;
+void UceDataList::rowChosen() {
+  // The focus alone makes a row the current one, and does not choose it.
+  const QModelIndex current = LVmain->currentIndex();
+  if (loading_ || currentRow() == shown_ || !LVmain->selectionModel()->isSelected(current)) return;
   ValueRow* row = currentRow();
   TestAndConfirmChange();
   showRow(row);
 }
 
-void UceDataList::showRow(const ValueRow* row) {
-  shown_ = const_cast<ValueRow*>(row); // the list is ours
+void UceDataList::showRow(ValueRow* row) {
+  shown_ = row;
   loading_ = true;
+  applyRange();
   ValRange->setvalue(row ? row->value : 0);
   ValText->setText(row ? qs(row->label) : QString());
   info_ = row ? row->info : std::string();
@@ -226,7 +273,8 @@ void UceDataList::addNew() {
   ValueRow* added = values_.add(toInt32(ValRange->value()), u8(ValText->text()), info_, person_);
   if (!added) return;
   loading_ = true;
-  LVmain->clearSelection();
+  // Without a current row either: a click on the one that was current is to show it again.
+  LVmain->selectionModel()->clear();
   LVmain->rows().insertTag(added);
   LVmain->scrollTo(LVmain->rows().index(LVmain->rows().rowCount() - 1, 0));
   loading_ = false;
@@ -242,6 +290,21 @@ void UceDataList::editInfo() {
   if (dialog.exec() != QDialog::Accepted || dialog.text() == info_) return;
   info_ = dialog.text();
   fieldChanged();
+}
+
+void UceDataList::cut() {
+  const std::vector<ValueRow*> rows = selectedRows();
+  if (rows.empty()) return;
+  try {
+    const std::string text = copyValues(rows);
+    if (!values_.cut(rows, person_)) return;
+    desktop::setClipboardText(text);
+  } catch (const Failure& failure) {
+    ShowErrorBox(person_, language::global(), failure);
+    return;
+  }
+  fillRows(nullptr);
+  tellChange();
 }
 
 void UceDataList::copy(bool asText) {
@@ -279,12 +342,13 @@ std::vector<MenuEntry> UceDataList::menu() const {
 }
 
 void UceDataList::chosen(const MenuEntry& entry) {
-  bool changed = false;
   if (entry.key == "PopupRcut") {
-    copy(false);
-    changed = values_.cut(selectedRows(), person_);
+    cut();
   } else if (entry.key == "PopupRNormalize") {
-    changed = values_.normalize(selectedRows(), person_);
+    if (!values_.normalize(selectedRows(), person_)) return;
+    LVmain->rows().refreshAll();
+    if (!itemChanged_) showRow(shown_);
+    tellChange();
   } else if (entry.key == "PopupRcopy" || entry.key == "PopupRCopyText") {
     copy(entry.key == "PopupRCopyText");
   } else if (entry.key == "PopupRpaste") {
@@ -292,9 +356,6 @@ void UceDataList::chosen(const MenuEntry& entry) {
   } else if (entry.key == "PopupRhelp") {
     emit help();
   }
-  if (!changed) return;
-  fillRows(nullptr);
-  tellChange();
 }
 
 } // namespace kelmar

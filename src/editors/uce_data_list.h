@@ -22,10 +22,15 @@ class UceDataList : public QWidget {
 
  public:
   UceDataList(platform::Person& person, QWidget* parent);
+  ~UceDataList() override;
 
   /// Shows the values of the data, in their order; none empties the control.
   void setData(DataItem* data);
   DataItem* data() const { return data_; }
+  /// What can be typed as a value follows the size of the data: what fits into `numberBits` bits of
+  /// a signed or an unsigned number, any 32-bit number for a size that is none. Values that the
+  /// list has already stay.
+  void setRange(int numberBits, bool isSigned);
   /// The rows as they are now become the value list of the data. A value or label that a file
   /// brought twice is kept once, and a box says so.
   void SaveDataItems();
@@ -36,8 +41,11 @@ class UceDataList : public QWidget {
 
  signals:
   void listChanged();
-  /// F1 was pressed.
+  /// The help of the value list is asked for.
   void help();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void makeControls();
@@ -47,13 +55,15 @@ class UceDataList : public QWidget {
   std::vector<ValueRow*> selectedRows() const;
   ValueRow* currentRow() const;
   void fillRows(ValueRow* current);
-  void rowClicked();
-  void showRow(const ValueRow* row);
+  void rowChosen();
+  void showRow(ValueRow* row);
+  void applyRange();
   void fieldChanged();
   void refresh();
   bool changeItem();
   void addNew();
   void editInfo();
+  void cut();
   void copy(bool asText);
   void paste();
   void tellChange();
@@ -64,6 +74,7 @@ class UceDataList : public QWidget {
   ValueRow* shown_ = nullptr; // the row in the fields
   std::string info_;
   bool itemChanged_ = false, loading_ = false;
+  double least_ = 0, greatest_ = 0; // that can be typed as a value
   QToolBar* TBMain = nullptr;
   ListView* LVmain = nullptr;
   ZEMnumeric* ValRange = nullptr;

@@ -7,12 +7,14 @@
 #include "controls/colours.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
+#include "editors/rules/datas/data_commands.h"
 #include "editors/rules/datas/data_units.h"
 #include "editors/uce_datas_parts.h"
 #include "language/error_box.h"
 #include "language/multi_lang.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,6 +24,7 @@
 #include <QStackedWidget>
 
 #include <algorithm>
+#include <cmath>
 
 namespace kelmar {
 
@@ -32,11 +35,12 @@ namespace {
 
 DataItem& dataOf(RowTag tag) { return *static_cast<DataItem*>(tag); }
 
-void setNumber(ZEMnumeric& field, double value) {
-  // A number of a file may lie outside what can be typed; it is shown as it is.
-  field.setRangeChecking(false);
+/// Whole numbers from 1 on can be typed. A number of a file that lies outside is shown as it is and
+/// does not change by walking through its field.
+void setNumber(ZEMnumeric& field, double value, int greatest) {
+  field.SetMinMax(std::min(1.0, value), std::max<double>(greatest, value));
+  field.setDiscrete(value == std::floor(value));
   field.setvalue(value);
-  field.setRangeChecking(true);
 }
 
 } // namespace
@@ -51,6 +55,7 @@ UceDatas::UceDatas(platform::Person& person, std::string site, QWidget* parent)
   useList(*parts_->listDatas, *parts_->lblInfo);
   parts_->makeCommands();
   parts_->connectControls();
+  parts_->colourFields();
   bindPageKeys();
   showItem(nullptr);
   stateMoved();
@@ -67,12 +72,14 @@ void UceDatas::InitControl() {
       "Numeric list", "DATAS/CONTROLS/OPtype/NumericList/caption")));
   parts_->types[2]->setText(qs(texts.getMultilangMessageDefault(
       "Not numeric", "DATAS/CONTROLS/OPtype/NotNumeric/caption")));
+  parts_->listDatas->setAccessibleName(
+      qs(texts.getMultilangMessageDefault("List of data", "DATAS/MSG/listDatas/name")));
   parts_->UceDataList1->InitControl();
   xml::Document units;
   parts_->units.clear();
   if (loadUnits(units, parts_->site)) parts_->units = unitsMenu(units, parts_->lang);
   parts_->cmdSelectUnit->setEnabled(!parts_->units.empty());
-  refreshCount();
+  if (parts_->database) refreshCount();
 }
 
 void UceDatas::setLang(const std::string& lang) {
@@ -89,6 +96,12 @@ void UceDatas::displayDatas(OmnikorLibXml& database, const std::string&) {
   parts_->listDatas->setFocus();
 }
 
+void UceDatas::changeEvent(QEvent* event) {
+  ListPage::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && parts_ && parts_->TextCoeffC)
+    parts_->colourFields();
+}
+
 void UceDatas::SizeControls() {
   const int all = parts_->splitter->width();
   parts_->splitter->setSizes({all * 11 / 20, all - all * 11 / 20});
@@ -99,6 +112,7 @@ QString UceDatas::EditDataName() const {
 }
 
 void UceDatas::setEditDataName(const QString& name) {
+  // Out of sight the list is empty: it is filled at the next entry.
   if (!chooseName(u8(name))) rememberName(u8(name));
 }
 
@@ -110,6 +124,11 @@ std::vector<RowTag> UceDatas::items() const {
 }
 
 std::string UceDatas::nameOf(RowTag item) const { return dataOf(item).dataName(); }
+
+RowTag UceDatas::itemNamed(const std::string& name) const {
+  const TargetItem* target = parts_->target();
+  return target && target->datas() ? target->datas()->ItemName(name) : nullptr;
+}
 
 std::string UceDatas::countText(int rows) const {
   return language::global().getMultilangMessageDefault(
@@ -190,12 +209,13 @@ void UceDatas::Parts::showControls(const DataFields& fields) {
   TextCoeffA->setText(qs(fields.TextCoeffA));
   TextCoeffB->setText(qs(fields.TextCoeffB));
   TextCoeffC->setText(qs(fields.TextCoeffC));
-  setNumber(*NumericNumberBits, fields.NumericNumberBits);
+  setNumber(*NumericNumberBits, fields.NumericNumberBits, mostNumericBits);
   CheckSigne->setChecked(fields.CheckSigne);
-  setNumber(*ListeNumberBits, fields.ListeNumberBits);
+  setNumber(*ListeNumberBits, fields.ListeNumberBits, mostNumericBits);
   CheckSignedList->setChecked(fields.CheckSignedList);
-  setNumber(*NotNumericNumberBytes, fields.NotNumericNumberBytes);
+  setNumber(*NotNumericNumberBytes, fields.NotNumericNumberBytes, mostBytes);
   (fields.RBascii ? ascii : hexa)->setChecked(true);
+  rangeEdited();
   showForm(fields.OPtype);
 }
 
@@ -218,18 +238,31 @@ void UceDatas::Parts::typeChosen(DataType type) {
 
 void UceDatas::Parts::edited() { page.SetChanged(Edited); }
 
+void UceDatas::Parts::colourFields() {
+  const QPalette shown = page.palette();
+  const QColor red = readableOn(shown, shownColour(faultRed, shown));
+  QPalette fault;
+  fault.setColor(QPalette::WindowText, red);
+  for (QLabel* label : {labCoefC, lblWarning}) label->setPalette(fault);
+  fault = QPalette();
+  fault.setColor(QPalette::Text, red);
+  for (QLineEdit* field : {TextCoeffA, TextCoeffB, TextCoeffC})
+    field->setPalette(data() && !isCoefficient(u8(field->text())) ? fault : QPalette());
+}
+
 void UceDatas::Parts::coefficientEdited(QLineEdit& field) {
   const std::string text = u8(field.text());
-  QPalette palette = page.palette();
-  if (!isCoefficient(text))
-    palette.setColor(QPalette::Text, readableOn(palette, shownColour(faultRed, palette)));
-  field.setPalette(palette);
+  colourFields();
   const DataItem* item = data();
   if (!item || page.edits().loading()) return;
   const Coefficient& old = &field == TextCoeffA   ? item->CoeffA
                            : &field == TextCoeffB ? item->CoeffB
                                                   : item->CoeffC;
   if (coefficientDiffers(text, old)) edited();
+}
+
+void UceDatas::Parts::rangeEdited() {
+  UceDataList1->setRange(toInt32(ListeNumberBits->valueOfText()), CheckSignedList->isChecked());
 }
 
 void UceDatas::Parts::numberEdited(const ZEMnumeric& field, double inItem) {

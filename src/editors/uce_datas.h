@@ -35,9 +35,11 @@ class UceDatas : public ListPage {
  protected:
   std::vector<RowTag> items() const override;
   std::string nameOf(RowTag item) const override;
+  RowTag itemNamed(const std::string& name) const override;
   std::string countText(int rows) const override;
   void showItem(RowTag item) override;
   void stateMoved() override;
+  void changeEvent(QEvent* event) override;
 
  private:
   struct Parts;

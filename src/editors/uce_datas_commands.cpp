@@ -11,6 +11,8 @@
 #include "editors/uce_datas_parts.h"
 #include "language/multi_lang.h"
 
+#include <QApplication>
+#include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolBar>
@@ -25,7 +27,7 @@ using desktop::u8;
 void UceDatas::Parts::makeCommands() {
   const auto open = [this] { return target() && target()->datas(); };
   const auto one = [this] { return data() != nullptr; };
-  const auto some = [this] { return !listDatas->selectedTags().empty(); };
+  const auto some = [this] { return listDatas->selectionModel()->hasSelection(); };
   std::vector<Command> all = page.findCommands();
   all.push_back({.key = "cancel", .toolTip = "Cancel changes (Ctrl Z)", .icon = "cancel",
                  .run = [this] { cancel(); }, .enabled = one,
@@ -36,7 +38,7 @@ void UceDatas::Parts::makeCommands() {
                  .run = [this] { validate(true); }, .enabled = one,
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}});
   all.push_back({.key = "help", .toolTip = "Help (F1)", .icon = "help",
-                 .run = [this] { emit page.help("data", ""); },
+                 .run = [this] { showHelp(); },
                  .shortcuts = {QKeySequence(Qt::Key_F1)}});
   commands = new CommandTable(&page, std::move(all));
 
@@ -214,6 +216,10 @@ void UceDatas::Parts::changeNames(const std::string& key) {
       page.announceApplied();
     }
   }
+}
+
+void UceDatas::Parts::showHelp() {
+  emit page.help("data", UceDataList1->isAncestorOf(QApplication::focusWidget()) ? "list" : "");
 }
 
 void UceDatas::Parts::showUnits() {

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/colours.h"
 #include "desktop/qt_text.h"
-#include "editors/rules/datas/data_type.h"
 #include "editors/uce_datas_parts.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFormLayout>
+#include <QFrame>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -39,22 +39,21 @@ template <class Button> Button* button(const char* name, const char* caption, QW
 }
 
 void addField(QFormLayout& form, const char* name, const char* caption, QWidget* field) {
-  auto* label = named<QLabel>(name, form.parentWidget());
+  auto* label = named<QLabel>(name, field->parentWidget());
   label->setText(QLatin1String(caption));
   label->setBuddy(field);
   form.addRow(label, field);
 }
 
-ZEMnumeric* number(const char* name, double least, double most, QWidget* parent) {
+/// Its limits come with the data that it shows.
+ZEMnumeric* number(const char* name, QWidget* parent) {
   auto* field = named<ZEMnumeric>(name, parent);
-  field->SetMinMax(least, most);
   field->setRangeChecking(true);
+  field->setDiscreteInterval(1);
   field->setBaseButtonVisible(false);
   field->setMaximumWidth(140);
   return field;
 }
-
-constexpr double mostBytes = 4095; ///< of a frame
 
 } // namespace
 
@@ -136,7 +135,7 @@ void UceDatas::Parts::makeControls() {
 QWidget* UceDatas::Parts::makeNumericForm() {
   auto* frame = new QWidget(forms);
   auto* form = new QFormLayout(frame);
-  NumericNumberBits = number("NumericNumberBits", 1, mostNumericBits, frame);
+  NumericNumberBits = number("NumericNumberBits", frame);
   addField(*form, "labNumericNumberBits", "Number bits", NumericNumberBits);
   CheckSigne = button<QCheckBox>("CheckSigne", "Signed", frame);
   form->addRow(CheckSigne);
@@ -149,21 +148,9 @@ QWidget* UceDatas::Parts::makeNumericForm() {
   labUnit->setText(QStringLiteral("Unit"));
   labUnit->setBuddy(TextUnite);
   form->addRow(labUnit, unit);
-  auto* formula = named<QLabel>("labFormula", frame);
-  formula->setText(QStringLiteral("( AX + B ) / C"));
-  form->addRow(formula);
-  TextCoeffA = named<QLineEdit>("TextCoeffA", frame);
-  TextCoeffB = named<QLineEdit>("TextCoeffB", frame);
-  TextCoeffC = named<QLineEdit>("TextCoeffC", frame);
-  addField(*form, "labCoeffA", "A", TextCoeffA);
-  addField(*form, "labCoeffB", "B", TextCoeffB);
-  addField(*form, "labCoeffC", "C", TextCoeffC);
+  form->addRow(makeCoefficients(frame));
   labCoefC = named<QLabel>("labCoefC", frame);
   labCoefC->setText(QStringLiteral("C must be different from 0"));
-  QPalette red = page.palette();
-  red.setColor(QPalette::WindowText, readableOn(red, shownColour(faultRed, red)));
-  labCoefC->setPalette(red);
-  lblWarning->setPalette(red);
   form->addRow(labCoefC);
   TextFormat = named<QLineEdit>("TextFormat", frame);
   addField(*form, "labFormat", "Format", TextFormat);
@@ -174,16 +161,52 @@ QWidget* UceDatas::Parts::makeNumericForm() {
   return frame;
 }
 
+/// The formula as it is written by hand, and beside it the figures that stand in it.
+QWidget* UceDatas::Parts::makeCoefficients(QWidget* parent) {
+  auto* box = new QWidget(parent);
+  auto* columns = new QHBoxLayout(box);
+  columns->setContentsMargins(0, 0, 0, 0);
+  auto* formula = new QVBoxLayout;
+  formula->setSpacing(2);
+  formula->addStretch();
+  const auto part = [&](const char* name, const char* text) {
+    auto* label = named<QLabel>(name, box);
+    label->setText(QLatin1String(text));
+    label->setAlignment(Qt::AlignCenter);
+    formula->addWidget(label);
+  };
+  part("labFormula", "AX + B");
+  auto* line = new QFrame(box);
+  line->setFrameShape(QFrame::HLine);
+  formula->addWidget(line);
+  part("labDivisor", "C");
+  formula->addStretch();
+  columns->addLayout(formula);
+  columns->addSpacing(16);
+  auto* figures = new QFormLayout;
+  columns->addLayout(figures, 1);
+  const auto figure = [&](QLineEdit*& field, const char* name, const char* label,
+                          const char* caption) {
+    field = named<QLineEdit>(name, box);
+    addField(*figures, label, caption, field);
+  };
+  figure(TextCoeffA, "TextCoeffA", "labCoeffA", "A");
+  figure(TextCoeffB, "TextCoeffB", "labCoeffB", "B");
+  figure(TextCoeffC, "TextCoeffC", "labCoeffC", "C");
+  return box;
+}
+
 QWidget* UceDatas::Parts::makeListForm() {
   auto* frame = new QWidget(forms);
   auto* rows = new QVBoxLayout(frame);
   rows->setContentsMargins(0, 0, 0, 0);
   auto* form = new QFormLayout;
-  ListeNumberBits = number("ListeNumberBits", 1, mostNumericBits, frame);
+  ListeNumberBits = number("ListeNumberBits", frame);
   CheckSignedList = button<QCheckBox>("CheckSignedList", "Signed", frame);
   rows->addLayout(form);
   auto* label = named<QLabel>("labListeNumberBits", frame);
   label->setText(QStringLiteral("Number bits"));
+  label->setBuddy(ListeNumberBits);
   auto* size = new QHBoxLayout;
   size->addWidget(ListeNumberBits);
   size->addWidget(CheckSignedList);
@@ -198,7 +221,7 @@ QWidget* UceDatas::Parts::makeListForm() {
 QWidget* UceDatas::Parts::makeNotNumericForm() {
   auto* frame = new QWidget(forms);
   auto* form = new QFormLayout(frame);
-  NotNumericNumberBytes = number("NotNumericNumberBytes", 1, mostBytes, frame);
+  NotNumericNumberBytes = number("NotNumericNumberBytes", frame);
   addField(*form, "labNotNumericNumberBytes", "Number bytes", NotNumericNumberBytes);
   ascii = button<QRadioButton>("RBascii", "ASCII", frame);
   ascii->setProperty("index", 0);
@@ -221,6 +244,8 @@ void UceDatas::Parts::connectControls() {
     connect(field, &ZEMnumeric::Change, &page, look);
     connect(field, &ZEMnumeric::valueChanged, &page, look);
   };
+  connect(ListeNumberBits, &ZEMnumeric::Change, &page, [this] { rangeEdited(); });
+  connect(CheckSignedList, &QCheckBox::toggled, &page, [this] { rangeEdited(); });
   bits(NumericNumberBits, 1);
   bits(ListeNumberBits, 1);
   bits(NotNumericNumberBytes, 8);

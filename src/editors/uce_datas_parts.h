@@ -29,6 +29,7 @@ struct UceDatas::Parts {
   // uce_datas_layout.cpp
   void makeControls();
   QWidget* makeNumericForm();
+  QWidget* makeCoefficients(QWidget* parent);
   QWidget* makeListForm();
   QWidget* makeNotNumericForm();
   void connectControls();
@@ -57,6 +58,10 @@ struct UceDatas::Parts {
   void edited();
   void coefficientEdited(QLineEdit& field);
   void numberEdited(const ZEMnumeric& field, double inItem);
+  /// The values of the list follow the size that stands in the fields.
+  void rangeEdited();
+  void colourFields();
+  void showHelp();
   /// False when the fields could not all be taken over.
   bool takeOver();
   void validate(bool toFile);

@@ -1,87 +1,24 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "editors/uce_datas.h"
+#include "uce_datas_fixture.h"
 
-#include "desktop/clipboard.h"
-#include "desktop/qt_text.h"
+#include "controls/colours.h"
 #include "editors/data_description.h"
-#include "editors/uce_data_list.h"
-#include "support/scripted_person.h"
-#include "support/signal_recorder.h"
-#include "support/user.h"
 
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QToolBar>
-#include <QToolButton>
-#include <gtest/gtest.h>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QSignalSpy>
 
-using namespace kelmar;
-using namespace kelmar::support;
-using desktop::u8;
-using platform::Answer;
-using platform::Buttons;
-using platform::Icon;
-
+namespace kelmar {
 namespace {
 
-class UceDatasPage : public testing::Test {
- protected:
-  using Events = std::vector<std::string>;
-  ScriptedPerson person;
-  Recorder recorder;
-  OmnikorLibXml database;
-  std::unique_ptr<UceDatas> page;
-  std::unique_ptr<SignalRecorder> signalRecorder;
-
-  void SetUp() override {
-    database.ActiveTarget = std::make_shared<TargetItem>();
-    TargetItem& target = *database.ActiveTarget;
-    target.setDatas(std::make_shared<DataItems>());
-    target.setRequests(std::make_shared<RequestItems>());
-    for (const char* name : {"Speed", "Level", "State"}) target.datas()->Add(name)->parent = &target;
-    DataItem& state = the("State");
-    state.liste = true;
-    state.DataListes = std::make_shared<DataListeItems>();
-    state.DataListes->Add(0, "Off", "");
-    state.DataListes->Add(1, "On", "");
-    page = std::make_unique<UceDatas>(person, KELMAR_SITE);
-    page->setObjectName("UceDatas1");
-    signalRecorder = std::make_unique<SignalRecorder>(*page, recorder);
-    person.recordInto(recorder);
-    page->InitControl();
-    page->resize(1200, 640);
-    page->displayDatas(database, "");
-    showToUser(*page);
-    recorder.take();
-  }
-  void TearDown() override {
-    signalRecorder.reset();
-    page.reset();
-  }
-  DataItem& the(const std::string& name) { return *database.ActiveTarget->datas()->ItemName(name); }
-  ListView& list() { return control<ListView>(*page, "listDatas"); }
-  QLineEdit& field(const char* name) { return control<QLineEdit>(*page, name); }
-  void key(const char* name) {
-    click(usable<QToolButton>(control<QToolBar>(*page, "TbData"), QLatin1String(name)));
-  }
-  std::string names() {
-    std::string all;
-    for (const RowTag tag : list().rows().tags()) all += static_cast<DataItem*>(tag)->dataName() + ",";
-    return all;
-  }
-};
+using namespace support;
+using desktop::u8;
 
 TEST_F(UceDatasPage, ShowsTheSortedListAndItsFirstData) {
   EXPECT_EQ(names(), "Level,Speed,State,");
-  EXPECT_EQ(control<QGroupBox>(*page, "FrameInfos").title(), "Level");
-  EXPECT_EQ(control<QLabel>(*page, "lblInfo").text(), "3 data");
+  EXPECT_EQ(caption(), "Level");
+  EXPECT_EQ(shown("lblInfo"), "3 data");
   EXPECT_TRUE(control<QPushButton>(*page, "cmdSelectUnit").isEnabled());
 }
 
@@ -108,28 +45,22 @@ TEST_F(UceDatasPage, ADivisorOfZeroStopsTheValidationAndStaysMarked) {
   type(field("TextMnemo"), "M");
   retype(field("TextCoeffC"), "0");
   recorder.take();
-  person.expect("DATAS/MSG/CoefficientCcheckZero/text", "Check value",
-                "The value of C Coefficient must be different from Zero", Buttons::Ok,
-                Icon::Exclamation, Answer::Ok);
+  expectZeroDivisor();
   key("valid");
   EXPECT_EQ(the("Level").Mnemo, "M");
   EXPECT_EQ(recorder.take(),
             Events{"box Check value: The value of C Coefficient must be different from Zero"});
-  person.expect("DATAS/MSG/TestAndConfirmChange/text", "Confirm data validation",
-                "Data changed. Do you want to valid change ?", Buttons::YesNo, Icon::Question,
-                Answer::No);
+  expectConfirmation(Answer::No);
   EXPECT_FALSE(page->TestAndConfirmChange());
 }
 
 TEST_F(UceDatasPage, AnotherRowAsksAndYesWritesTheData) {
   type(field("TextDescription"), "Fuel");
   recorder.take();
-  person.expect("DATAS/MSG/TestAndConfirmChange/text", "Confirm data validation",
-                "Data changed. Do you want to valid change ?", Buttons::YesNo, Icon::Question,
-                Answer::Yes);
+  expectConfirmation(Answer::Yes);
   clickRow(list(), 1);
   EXPECT_EQ(the("Level").Description, "Fuel");
-  EXPECT_EQ(control<QGroupBox>(*page, "FrameInfos").title(), "Speed");
+  EXPECT_EQ(caption(), "Speed");
   EXPECT_EQ(recorder.take().back(), "UceDatas1.OnSave(false)");
 }
 
@@ -143,87 +74,348 @@ TEST_F(UceDatasPage, TheTypeChoosesTheFormAndCarriesTheSize) {
   EXPECT_EQ(the("Level").NumberBits, 12);
 }
 
-TEST_F(UceDatasPage, NewDataIsNamedInTheList) {
-  press(list(), Qt::Key_N, Qt::ControlModifier);
-  auto* editor = list().viewport()->findChild<QLineEdit*>();
-  ASSERT_TRUE(editor);
-  EXPECT_EQ(editor->text(), "New");
-  QTest::keyClicks(editor, "Flow");
-  QTest::keyClick(editor, Qt::Key_Return);
-  EXPECT_TRUE(waitUntil([&] { return control<QGroupBox>(*page, "FrameInfos").title() == "Flow"; }));
-  EXPECT_TRUE(database.ActiveTarget->datas()->ItemName("Flow"));
-  EXPECT_EQ(control<QLabel>(*page, "lblInfo").text(), "4 data");
-}
-
-TEST_F(UceDatasPage, ATakenNameIsRefusedByABox) {
-  person.expect("GENERIC/error/text", "Error", "Error # 1\r\nDuplicate data (Speed)", Buttons::Ok,
-                Icon::Critical, Answer::Ok);
-  EXPECT_FALSE(list().rows().setData(list().rows().index(0, 0), "Speed"));
-  EXPECT_EQ(names(), "Level,Speed,State,");
-}
-
-TEST_F(UceDatasPage, CopyAndPasteGoThroughTheRealClipboard) {
-  press(list(), Qt::Key_C, Qt::ControlModifier);
-  EXPECT_TRUE(desktop::clipboardText().starts_with("<Datas>"));
-  press(list(), Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(control<QGroupBox>(*page, "FrameInfos").title(), "Copy Level");
-  EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnSave(false)"});
-}
-
-TEST_F(UceDatasPage, DeletingTheLastDataEmptiesTheFields) {
-  press(list(), Qt::Key_A, Qt::ControlModifier);
-  person.expect("DATAS/MSG/CutData/confirm/text", "Confirm delete",
-                "Delete data ?\r\n\r\nYes = delete all unused data\r\nNo = delete data "
-                "'Level'\r\nCancel = cancel delete",
-                Buttons::YesNoCancel, Icon::Question, Answer::Yes);
-  press(list(), Qt::Key_Delete);
-  EXPECT_EQ(names(), "");
-  EXPECT_FALSE(control<QGroupBox>(*page, "FrameInfos").isEnabled());
-  EXPECT_EQ(recorder.take().back(), "UceDatas1.OnSave(false)");
-}
-
 TEST_F(UceDatasPage, TheValueListReachesTheDataOnlyWithIt) {
   page->setEditDataName("State");
-  auto& values = control<UceDataList>(*page, "UceDataList1");
-  auto& rows = control<ListView>(values, "LVmain");
+  auto& rows = control<ListView>(values(), "LVmain");
   EXPECT_EQ(rowsAsText(rows.rows()), "0 | Off ($00)\n1 | On ($01)\n");
-  control<ZEMnumeric>(values, "ValRange").setvalue(5);
-  retype(control<QLineEdit>(values, "ValText"), "Five");
-  click(usable<QPushButton>(values, "CBaddNew"));
+  control<ZEMnumeric>(values(), "ValRange").setvalue(5);
+  retype(control<QLineEdit>(values(), "ValText"), "Five");
+  click(usable<QPushButton>(values(), "CBaddNew"));
   EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"});
   EXPECT_EQ(the("State").DataListes->Count(), 2);
   key("valid");
   EXPECT_EQ(the("State").DataListes->Count(), 3);
 }
 
-TEST_F(UceDatasPage, HelpOpensItsModule) {
-  press(list(), Qt::Key_F1);
-  EXPECT_EQ(recorder.take(), Events{"UceDatas1.help(data, )"});
+TEST_F(UceDatasPage, OutOfSightNoRowPointsToAnItemThatMayBeGone) {
+  clickRow(list(), 1);
+  page->hide();
+  EXPECT_EQ(list().rows().rowCount(), 0);
+  database.ActiveTarget = newEcu({"Speed", "Flow"}); // the ECU of another file, the first one is gone
+  page->setEditDataName("Level");
+  EXPECT_EQ(page->EditDataName(), "Level");
+  page->setEditDataName("Speed");
+  page->setLang("en");
+  page->show();
+  page->displayDatas(database, "");
+  EXPECT_EQ(names(), "Flow,Speed,");
+  EXPECT_EQ(caption(), "Speed");
 }
 
-TEST_F(UceDatasPage, TheDescriptionIsShownByItsKind) {
-  the("Level").Fiche = "<P>text</P><script>document.write('no')</script><img src=\"http://x.example/a\">";
-  {
-    WhenDialogOpens open([&](QDialog& dialog) {
-      EXPECT_EQ(dialog.windowTitle(), "Data Level");
-      EXPECT_EQ(control<QuietBrowser>(dialog, "WebBrowser1").toPlainText().trimmed().left(4), "text");
-      EXPECT_FALSE(control<QuietBrowser>(dialog, "WebBrowser1").toPlainText().contains("no"));
-      click(usable<QPushButton>(dialog, "CancelButton"));
-    });
-    click(usable<QPushButton>(*page, "DataDiagFiche"));
+TEST_F(UceDatasPage, ItComesBackToTheDataThatWasShown) {
+  clickRow(list(), 1);
+  page->hide();
+  showToUser(*page);
+  page->displayDatas(database, "");
+  EXPECT_EQ(caption(), "Speed");
+  EXPECT_TRUE(waitUntil([&] { return QApplication::focusWidget() == &list(); }));
+}
+
+TEST_F(UceDatasPage, EveryFieldReachesItsPropertyWithValid) {
+  retype(field("TextMnemo"), "LVL");
+  retype(field("TextDescription"), "Level of the tank");
+  retype(field("TextUnite"), "mm");
+  retype(field("TextFormat"), "bin");
+  retype(field("TextCoeffA"), "0,5");
+  retype(field("TextCoeffB"), "-40");
+  retype(field("TextCoeffC"), "10");
+  retype(numberText("NumericNumberBits"), "12");
+  press(usable<QCheckBox>(*page, "CheckSigne"), Qt::Key_Space);
+  EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"}) << "marked once";
+  key("valid");
+  const DataItem& data = the("Level");
+  EXPECT_EQ(data.Mnemo, "LVL");
+  EXPECT_EQ(data.Description, "Level of the tank");
+  EXPECT_EQ(data.Unite, "mm");
+  EXPECT_EQ(data.DataFormat, "bin");
+  EXPECT_EQ(data.CoeffA.value(), 0.5);
+  EXPECT_EQ(data.CoeffB.value(), -40);
+  EXPECT_EQ(data.CoeffC.value(), 10);
+  EXPECT_EQ(data.NumberBits, 12);
+  EXPECT_TRUE(data.Signe);
+  EXPECT_TRUE(data.numerique && !data.liste);
+  EXPECT_EQ(rowsAsText(list().rows()).substr(0, 45),
+            "[numeric] Level | LVL | Level of the tank\n[nu");
+}
+
+TEST_F(UceDatasPage, AFieldThatSaysTheSameDoesNotMarkThePage) {
+  retype(field("TextCoeffA"), "1,0");
+  retype(field("TextCoeffB"), "0.00");
+  retype(numberText("NumericNumberBits"), "8");
+  EXPECT_EQ(recorder.take(), Events{});
+  retype(numberText("NumericNumberBits"), "9");
+  EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"});
+}
+
+TEST_F(UceDatasPage, APageThatGoesWhileANumberIsTypedIsSilent) {
+  retype(numberText("NumericNumberBits"), "9");
+  recorder.take();
+  page.reset();
+  EXPECT_EQ(recorder.take(), Events{});
+}
+
+TEST_F(UceDatasPage, NotNumericHoldsWholeBytesAndTheKindOfText) {
+  click(usable<QRadioButton>(*page, "OPtypeNotNumeric"));
+  retype(numberText("NotNumericNumberBytes"), "17");
+  QRadioButton* ascii = nullptr;
+  for (auto* button : page->findChildren<QRadioButton*>("RBascii"))
+    if (button->property("index") == 0) ascii = button;
+  ASSERT_TRUE(ascii);
+  EXPECT_EQ(ascii->text(), "ASCII");
+  press(*ascii, Qt::Key_Space);
+  key("save");
+  EXPECT_EQ(recorder.take(), (Events{"UceDatas1.OnChange()", "UceDatas1.OnSave(true)"}));
+  EXPECT_EQ(the("Level").NumberBits, 136);
+  EXPECT_FALSE(the("Level").numerique || the("Level").liste);
+  EXPECT_TRUE(the("Level").Ascii);
+  EXPECT_EQ(list().rows().lookOf(&the("Level")).icon, "ascii");
+}
+
+TEST_F(UceDatasPage, GoingBackFromTheListTakesItsSizeAndSign) {
+  click(usable<QRadioButton>(*page, "OPtypeNumericList"));
+  retype(numberText("ListeNumberBits"), "5");
+  press(usable<QCheckBox>(*page, "CheckSignedList"), Qt::Key_Space);
+  click(usable<QRadioButton>(*page, "OPtypeNumeric"));
+  EXPECT_EQ(number("NumericNumberBits").value(), 5);
+  EXPECT_TRUE(control<QCheckBox>(*page, "CheckSigne").isChecked());
+  EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"});
+}
+
+TEST_F(UceDatasPage, ATypedNumberOfBitsStaysBetween1And32) {
+  retype(numberText("NumericNumberBits"), "40");
+  press(numberText("NumericNumberBits"), Qt::Key_Tab);
+  EXPECT_EQ(number("NumericNumberBits").value(), 32);
+  retype(numberText("NumericNumberBits"), "0");
+  key("valid");
+  EXPECT_EQ(the("Level").NumberBits, 1);
+}
+
+TEST_F(UceDatasPage, ANumberOfAFileThatCouldNotBeTypedIsShownAndKept) {
+  the("Level").NumberBits = 40;
+  the("Speed").numerique = false;
+  the("Speed").NumberBits = 12;
+  showAgain();
+  EXPECT_EQ(numberText("NumericNumberBits").text(), "40");
+  press(numberText("NumericNumberBits"), Qt::Key_Tab);
+  EXPECT_EQ(recorder.take(), Events{}) << "walking through a field changes nothing";
+  key("valid");
+  EXPECT_EQ(the("Level").NumberBits, 40);
+  clickRow(list(), 1);
+  EXPECT_EQ(number("NotNumericNumberBytes").value(), 1.5);
+  key("valid");
+  EXPECT_EQ(the("Speed").NumberBits, 12);
+}
+
+TEST_F(UceDatasPage, ADivisorOfZeroInTheFileIsTold) {
+  EXPECT_FALSE(control<QLabel>(*page, "labCoefC").isVisible());
+  the("Level").CoeffC = 0.0;
+  showAgain();
+  EXPECT_TRUE(control<QLabel>(*page, "labCoefC").isVisible());
+  EXPECT_EQ(shown("labCoefC"), "C must be different from 0");
+  retype(field("TextCoeffC"), "2");
+  key("valid");
+  EXPECT_FALSE(control<QLabel>(*page, "labCoefC").isVisible());
+}
+
+TEST_F(UceDatasPage, YesWithADivisorOfZeroKeepsWhatCameBeforeIt) {
+  type(field("TextMnemo"), "M");
+  retype(field("TextCoeffC"), "0");
+  retype(field("TextDescription"), "not taken");
+  expectConfirmation(Answer::Yes);
+  expectZeroDivisor();
+  EXPECT_FALSE(page->TestAndConfirmChange());
+  EXPECT_EQ(the("Level").Mnemo, "M");
+  EXPECT_EQ(the("Level").Description, "");
+  EXPECT_FALSE(page->TestAndConfirmChange()) << "the mark is cleared, nothing is asked again";
+}
+
+TEST_F(UceDatasPage, ACoefficientThatIsNoNumberIsRedAndTakesTheFocus) {
+  retype(field("TextCoeffB"), "two");
+  EXPECT_EQ(field("TextCoeffB").palette().color(QPalette::Text), QColor(255, 0, 0));
+  person.expect("GENERIC/error/text", "Error", "Error # 13\r\nType mismatch", Buttons::Ok,
+                Icon::Critical, Answer::Ok);
+  key("valid");
+  EXPECT_TRUE(field("TextCoeffB").hasFocus());
+  key("cancel");
+  EXPECT_EQ(field("TextCoeffB").palette().color(QPalette::Text), QColor(0, 0, 0));
+}
+
+TEST_F(UceDatasPage, FaultsStayReadableInADarkPalette) {
+  the("Level").CoeffC = 0.0;
+  showAgain();
+  QPalette dark = page->palette();
+  for (const auto role : {QPalette::Base, QPalette::Window}) dark.setColor(role, QColor(30, 30, 30));
+  for (const auto role : {QPalette::Text, QPalette::WindowText}) dark.setColor(role, Qt::white);
+  page->setPalette(dark);
+  const QColor red = control<QLabel>(*page, "labCoefC").palette().color(QPalette::WindowText);
+  EXPECT_EQ(red, readableOn(dark, QColor(255, 0, 0)));
+  EXPECT_NE(red, QColor(255, 0, 0));
+  EXPECT_EQ(field("TextCoeffA").palette().color(QPalette::Text), QColor(Qt::white));
+}
+
+TEST_F(UceDatasPage, An32BitDataWithoutSignIsListedInRedAndASignedOneIsNot) {
+  the("Level").NumberBits = 32;
+  the("Speed").NumberBits = 32;
+  the("Speed").Signe = true;
+  the("State").NumberBits = 0;
+  add("Blank ");
+  showAgain();
+  EXPECT_EQ(rowsAsText(list().rows()),
+            "[numeric] Blank  |  |  ! #0000FF (Error: Name with leading or training space)\n"
+            "[numeric] Level |  |  ! #0000FF (Error: Unsigned 32 bits data is not supported)\n"
+            "[numeric] Speed |  | \n"
+            "[list] State |  |  ! #0000FF (Error: Invalid bit count: 0 - authorized value [1 up to "
+            "32])\n");
+}
+
+TEST_F(UceDatasPage, ADescriptionOfSeveralLinesIsKeptUntilItIsTypedOver) {
+  the("Level").Description = "one\r\ntwo";
+  showAgain();
+  EXPECT_EQ(field("TextDescription").text(), "one two");
+  type(field("TextMnemo"), "M");
+  key("valid");
+  EXPECT_EQ(the("Level").Description, "one\r\ntwo");
+  retype(field("TextDescription"), "three");
+  key("valid");
+  EXPECT_EQ(the("Level").Description, "three");
+}
+
+TEST_F(UceDatasPage, AnItemOfTheValueListThatIsStillInItsFieldsIsAskedForBeforeTheDataIsTaken) {
+  page->setEditDataName("State");
+  auto& rows = control<ListView>(values(), "LVmain");
+  clickRow(rows, 1);
+  retype(control<QLineEdit>(values(), "ValText"), "Running");
+  type(field("TextMnemo"), "S");
+  person.expect("DATALIST/MSG/TestAndConfirmChange/text", "Confirm",
+                "Item has been modified. Save change ?", Buttons::YesNo, Icon::Question,
+                Answer::Yes);
+  key("valid");
+  EXPECT_EQ(the("State").DataListes->ItemValue(1)->libelle, "Running");
+}
+
+TEST_F(UceDatasPage, CancelBringsBackTheValueListOfTheData) {
+  page->setEditDataName("State");
+  auto& rows = control<ListView>(values(), "LVmain");
+  press(rows, Qt::Key_A, Qt::ControlModifier);
+  person.expect("DATALIST/MSG/CutRange/text", "Confirm delete",
+                "Do you really want to delete this selected items ?", Buttons::YesNo,
+                Icon::Question, Answer::Yes);
+  press(rows, Qt::Key_Delete);
+  EXPECT_EQ(rows.rows().rowCount(), 0);
+  key("cancel");
+  EXPECT_EQ(rows.rows().rowCount(), 2);
+  EXPECT_EQ(the("State").DataListes->Count(), 2);
+}
+
+TEST_F(UceDatasPage, WithoutDataTheFieldsAreEmptyAndTheCommandsAsleep) {
+  database.ActiveTarget = newEcu({});
+  page->displayDatas(database, "");
+  EXPECT_EQ(shown("lblInfo"), "0 data");
+  EXPECT_EQ(caption(), "");
+  EXPECT_FALSE(control<QGroupBox>(*page, "FrameInfos").isEnabled());
+  EXPECT_EQ(field("TextCoeffA").text(), "");
+  for (const char* name : {"cancel", "valid", "save", "rename", "find", "cut", "copy"})
+    EXPECT_FALSE(isUsable(name)) << name;
+  for (const char* name : {"add", "paste", "help"}) EXPECT_TRUE(isUsable(name)) << name;
+  database.ActiveTarget = nullptr;
+  page->displayDatas(database, "");
+  for (const char* name : {"add", "paste"}) EXPECT_FALSE(isUsable(name)) << name;
+}
+
+TEST_F(UceDatasPage, EveryFieldSaysWhatItIs) {
+  for (const char* name : {"TextMnemo", "TextDescription", "TextUnite", "TextFormat", "TextCoeffA",
+                           "TextCoeffB", "TextCoeffC", "NumericNumberBits", "ListeNumberBits",
+                           "NotNumericNumberBytes"}) {
+    const QWidget& named = controlNamed(*page, QLatin1String(name));
+    bool labelled = false;
+    for (const QLabel* label : page->findChildren<QLabel*>())
+      labelled |= label->buddy() == &named && !label->text().isEmpty();
+    EXPECT_TRUE(labelled) << name;
   }
+  EXPECT_EQ(list().accessibleName(), "List of data");
+  EXPECT_EQ(control<ZEMnumeric>(values(), "ValRange").accessibleName(), "Value");
+  EXPECT_EQ(control<QLineEdit>(values(), "ValText").accessibleName(), "Text");
+  EXPECT_EQ(control<ListView>(values(), "LVmain").accessibleName(), "Values");
+}
+
+TEST_F(UceDatasPage, TheTabulatorWalksThroughTheFieldsAsTheyStand) {
+  field("TextMnemo").setFocus();
+  std::string walked;
+  for (int step = 0; step < 11; ++step) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QWidget* there = QApplication::focusWidget();
+    if (there->objectName() == "TextNum") there = there->parentWidget();
+    walked += u8(there->objectName()) + " ";
+  }
+  EXPECT_EQ(walked, "TextDescription DataDiagFiche OPtypeNumeric NumericNumberBits CheckSigne "
+                    "TextUnite cmdSelectUnit TextCoeffA TextCoeffB TextCoeffC TextFormat ");
+}
+
+TEST_F(UceDatasPage, HelpOpensThePlaceOfTheFocus) {
+  press(list(), Qt::Key_F1);
+  press(field("TextMnemo"), Qt::Key_F1);
+  key("help");
+  choose("PopupRefHelp");
+  EXPECT_EQ(recorder.take(), Events(4, "UceDatas1.help(data, )"));
+  page->setEditDataName("State");
+  press(control<ListView>(values(), "LVmain"), Qt::Key_F1);
+  press(control<QLineEdit>(values(), "ValText"), Qt::Key_F1);
+  EXPECT_EQ(recorder.take(), Events(2, "UceDatas1.help(data, list)"));
+}
+
+TEST_F(UceDatasPage, TheUnitsMenuPutsTheSymbolIntoTheField) {
+  click(usable<QPushButton>(*page, "cmdSelectUnit"));
+  auto* menu = control<QPushButton>(*page, "cmdSelectUnit").findChild<QMenu*>("mnuUnits");
+  ASSERT_TRUE(menu);
+  ASSERT_EQ(menu->actions().size(), 14);
+  EXPECT_EQ(menu->actions().at(0)->objectName(), "mnuUnitAlpha");
+  EXPECT_EQ(menu->actions().at(1)->objectName(), "mnuUnitsCat0Unit");
+  EXPECT_EQ(menu->actions().at(13)->objectName(), "mnuUnitsCat12Unit");
+  QAction* metre = nullptr;
+  for (QAction* unit : menu->actions().at(1)->menu<QMenu*>()->actions())
+    if (unit->text().startsWith("• metre\t")) metre = unit;
+  ASSERT_TRUE(metre);
+  EXPECT_EQ(metre->text(), "• metre\tm");
+  metre->trigger();
+  menu->close();
+  EXPECT_EQ(field("TextUnite").text(), "m");
+  EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"});
+}
+
+TEST_F(UceDatasPage, WithoutUnitsFileTheButtonIsAsleep) {
+  UceDatas bare(person, "/nowhere");
+  bare.InitControl();
+  EXPECT_FALSE(control<QPushButton>(bare, "cmdSelectUnit").isEnabled());
+}
+
+TEST_F(UceDatasPage, ChangedDocumentationMarksThePage) {
   the("Level").Fiche = "plain";
-  {
-    WhenDialogOpens open([&](QDialog& dialog) {
-      auto& text = usable<QuietBrowser>(dialog, "rtbDescription");
-      text.selectAll();
-      type(text, "new");
-      click(usable<QPushButton>(dialog, "OKButton"));
-    });
-    click(usable<QPushButton>(*page, "DataDiagFiche"));
-  }
+  WhenDialogOpens open([&](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Data Level");
+    retype(usable<QuietBrowser>(dialog, "rtbDescription"), "new");
+    click(usable<QPushButton>(dialog, "OKButton"));
+  });
+  click(usable<QPushButton>(*page, "DataDiagFiche"));
   EXPECT_EQ(the("Level").Fiche, "new");
   EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"});
 }
 
+TEST_F(UceDatasPage, DocumentationThatStaysTheSameChangesNothing) {
+  the("Level").Fiche = "plain";
+  WhenDialogOpens open([&](QDialog& dialog) { click(usable<QPushButton>(dialog, "OKButton")); });
+  click(usable<QPushButton>(*page, "DataDiagFiche"));
+  EXPECT_EQ(recorder.take(), Events{});
+}
+
+TEST_F(UceDatasPage, DocumentationThatHoldsAParagraphOpensInTheBrowserView) {
+  the("Level").Fiche = "<P>text</P>";
+  WhenDialogOpens open([&](QDialog& dialog) {
+    EXPECT_EQ(usable<QuietBrowser>(dialog, "WebBrowser1").toPlainText().trimmed(), "text");
+    EXPECT_FALSE(control<QuietBrowser>(dialog, "rtbDescription").isVisible());
+    click(usable<QPushButton>(dialog, "CancelButton"));
+  });
+  click(usable<QPushButton>(*page, "DataDiagFiche"));
+}
+
 } // namespace
+} // namespace kelmar

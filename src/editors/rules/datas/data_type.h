@@ -25,7 +25,8 @@ struct DataWarning {
 /// The first thing that is wrong with a data, if any.
 DataWarning setScreen_datas(const DataItem& data);
 
-/// A data that a pasted line or the data page may have: 1 to 32 bits, or whole bytes.
+// What can be typed for a data, and numbers of a pasted one: 1 to 32 bits, or whole bytes.
 inline constexpr int mostNumericBits = 32;
+inline constexpr int mostBytes = 4095; ///< of a frame
 
 } // namespace kelmar

@@ -1,0 +1,417 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editors/uce_data_list.h"
+
+#include "desktop/clipboard.h"
+#include "desktop/qt_text.h"
+#include "editors/data_description.h"
+#include "support/scripted_person.h"
+#include "support/signal_recorder.h"
+#include "support/user.h"
+
+#include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace kelmar {
+namespace {
+
+using namespace support;
+using desktop::u8;
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+/// The value list alone in a window, on a data of 8 bits with 0 Off, 1 On and 3 Error.
+class UceDataListControl : public testing::Test {
+ protected:
+  using Events = std::vector<std::string>;
+  ScriptedPerson person;
+  Recorder recorder;
+  DataItem data;
+  std::unique_ptr<UceDataList> values;
+  std::unique_ptr<SignalRecorder> signalRecorder;
+
+  void SetUp() override {
+    data.DataListes = std::make_shared<DataListeItems>();
+    // The list sorts what it takes by its own rule; read back, this is the order of the rows.
+    for (const auto& [value, label, info] :
+         {std::tuple{0, "Off", ""}, {1, "On", "all is well"}, {3, "Error", ""}})
+      data.DataListes->Add(value, label, info);
+    values = std::make_unique<UceDataList>(person, nullptr);
+    values->setObjectName("UceDataList1");
+    signalRecorder = std::make_unique<SignalRecorder>(*values, recorder);
+    person.recordInto(recorder);
+    values->InitControl();
+    values->setRange(8, false);
+    values->setData(&data);
+    values->resize(520, 360);
+    showToUser(*values);
+  }
+  void TearDown() override {
+    signalRecorder.reset();
+    values.reset();
+  }
+  ListView& list() { return control<ListView>(*values, "LVmain"); }
+  ZEMnumeric& value() { return control<ZEMnumeric>(*values, "ValRange"); }
+  QLineEdit& valueText() { return control<QLineEdit>(value(), "TextNum"); }
+  QLineEdit& label() { return control<QLineEdit>(*values, "ValText"); }
+  QPushButton& addButton() { return control<QPushButton>(*values, "CBaddNew"); }
+  void enter(const char* number, const char* text) {
+    retype(valueText(), number);
+    retype(label(), text);
+  }
+  void key(const char* name) {
+    click(usable<QToolButton>(control<QToolBar>(*values, "TBMain"), QLatin1String(name)));
+  }
+  bool isUsable(const char* name) {
+    return control<QToolButton>(control<QToolBar>(*values, "TBMain"), QLatin1String(name))
+        .isEnabled();
+  }
+  std::string rows() {
+    std::string text;
+    for (const RowTag tag : list().rows().tags())
+      text += list().rows().textOf(tag, 0) + "=" + list().rows().textOf(tag, 1) + ";";
+    return text;
+  }
+  std::string fields() { return u8(valueText().text()) + "=" + u8(label().text()); }
+  void choose(const char* entry) {
+    emit list().customContextMenuRequested(QPoint(5, 5));
+    auto* menu = list().findChild<QMenu*>("PopupRange");
+    ASSERT_TRUE(menu);
+    auto* action = menu->findChild<QAction*>(QLatin1String(entry));
+    ASSERT_TRUE(action && action->isEnabled()) << entry;
+    const QPointer<QMenu> alive(menu);
+    action->trigger();
+    if (alive) alive->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  void expectInputError(const char* key, const char* text) {
+    person.expect(key, "Input error", text, Buttons::Ok, Icon::Exclamation, Answer::Ok);
+  }
+  void expectConfirmation(Answer answer) {
+    person.expect("DATALIST/MSG/TestAndConfirmChange/text", "Confirm",
+                  "Item has been modified. Save change ?", Buttons::YesNo, Icon::Question, answer);
+  }
+  void expectCut(Answer answer) {
+    person.expect("DATALIST/MSG/CutRange/text", "Confirm delete",
+                  "Do you really want to delete this selected items ?", Buttons::YesNo,
+                  Icon::Question, answer);
+  }
+};
+
+TEST_F(UceDataListControl, ShowsTheValuesInTheirOrderAndEmptiesTheFields) {
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+  EXPECT_EQ(fields(), "0=");
+  EXPECT_EQ(list().model()->headerData(0, Qt::Horizontal), "Value");
+  EXPECT_EQ(list().model()->headerData(1, Qt::Horizontal), "Text");
+  EXPECT_EQ(list().rows().columns().at(0).key, "value");
+  EXPECT_EQ(list().rows().columns().at(1).key, "label");
+}
+
+TEST_F(UceDataListControl, TheTipOfARowIsHexadecimalInTheSizeOfTheData) {
+  enter("255", "Most");
+  click(addButton());
+  const auto tip = [this] { return list().rows().lookOf(list().rows().tags().back()).toolTip; };
+  EXPECT_EQ(tip(), "$FF");
+  data.NumberBits = 9;
+  EXPECT_EQ(tip(), "$00FF");
+  data.NumberBits = 17;
+  EXPECT_EQ(tip(), "$000000FF");
+}
+
+TEST_F(UceDataListControl, AddAppendsARowAndEmptiesTheFields) {
+  enter("7", "  Seven ");
+  click(addButton());
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;7=Seven;");
+  EXPECT_EQ(fields(), "0=");
+  EXPECT_EQ(recorder.take(), Events{"UceDataList1.listChanged()"});
+  EXPECT_EQ(data.DataListes->Count(), 3) << "the data gets it only by SaveDataItems";
+  values->SaveDataItems();
+  EXPECT_EQ(data.DataListes->ItemValue(7)->libelle, "Seven");
+  EXPECT_EQ(data.DataListes->ItemValue(7)->parent, &data);
+  EXPECT_EQ(data.DataListes->ItemValue(1)->Info, "all is well");
+}
+
+TEST_F(UceDataListControl, AddRefusesEmptyLabelsAndWhatIsThere) {
+  constexpr char existsKey[] = "DATALIST/MSG/CBaddNew_Click/valueAlreadyExistsError/text";
+  enter("7", "  ");
+  expectInputError("DATALIST/MSG/CBaddNew_Click/emptyStringError/text",
+                   "Empty label not allowed. Enter a string");
+  click(addButton());
+  enter("3", "Three");
+  expectInputError(existsKey, "Value 3 already exists.");
+  click(addButton());
+  enter("9", "On");
+  expectInputError(existsKey, "Label On already exists.");
+  click(addButton());
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+  EXPECT_EQ(fields(), "9=On") << "what was typed stays to be mended";
+}
+
+TEST_F(UceDataListControl, ARowFillsTheFieldsAndCannotBeAddedUntilTheyChange) {
+  EXPECT_TRUE(addButton().isEnabled());
+  clickRow(list(), 1);
+  EXPECT_EQ(fields(), "1=On");
+  EXPECT_FALSE(addButton().isEnabled());
+  EXPECT_FALSE(isUsable("save") || isUsable("cancel"));
+  EXPECT_TRUE(isUsable("cut") && isUsable("copy") && isUsable("paste"));
+  type(label(), "!");
+  EXPECT_TRUE(addButton().isEnabled());
+  EXPECT_TRUE(isUsable("save") && isUsable("cancel"));
+  key("cancel");
+  EXPECT_EQ(fields(), "1=On");
+  EXPECT_FALSE(isUsable("save"));
+  EXPECT_EQ(recorder.take(), Events{});
+}
+
+TEST_F(UceDataListControl, SaveChangesTheRow) {
+  clickRow(list(), 1);
+  enter("2", "Running");
+  key("save");
+  EXPECT_EQ(rows(), "0=Off;2=Running;3=Error;");
+  EXPECT_EQ(recorder.take(), Events{"UceDataList1.listChanged()"});
+  retype(label(), "Running on");
+  press(label(), Qt::Key_Return);
+  EXPECT_EQ(rows(), "0=Off;2=Running on;3=Error;");
+  values->SaveDataItems();
+  EXPECT_EQ(data.DataListes->ItemValue(2)->Info, "all is well") << "documentation stays with it";
+}
+
+TEST_F(UceDataListControl, AChangeToWhatAnotherRowHasIsRefused) {
+  clickRow(list(), 1);
+  enter("3", "Running");
+  expectInputError("DATALIST/MSG/changeItem/valueAlreadyExistsError/text",
+                   "Value 3 already exists.\r\nOld : 3=Error");
+  key("save");
+  enter("1", "Off");
+  expectInputError("DATALIST/MSG/changeItem/labelAlreadyExistsError/text",
+                   "Label Off already exists.\r\nOld : 0=Off");
+  key("save");
+  enter("1", "");
+  expectInputError("DATALIST/MSG/changeItem/emptyStringError/text",
+                   "Empty label not allowed. Enter a string");
+  key("save");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+}
+
+TEST_F(UceDataListControl, AnotherRowAsksAboutAChangedOne) {
+  clickRow(list(), 1);
+  retype(label(), "Running");
+  expectConfirmation(Answer::Yes);
+  clickRow(list(), 0);
+  EXPECT_EQ(rows(), "0=Off;1=Running;3=Error;");
+  EXPECT_EQ(fields(), "0=Off");
+  retype(label(), "Still");
+  expectConfirmation(Answer::No);
+  clickRow(list(), 2);
+  EXPECT_EQ(rows(), "0=Off;1=Running;3=Error;");
+  EXPECT_EQ(fields(), "3=Error");
+  retype(label(), "Fault");
+  expectConfirmation(Answer::No);
+  press(list(), Qt::Key_Up);
+  EXPECT_EQ(fields(), "1=Running");
+}
+
+TEST_F(UceDataListControl, AClickOnTheSameRowAsksTooAndShowsItAgain) {
+  clickRow(list(), 1);
+  retype(label(), "Running");
+  expectConfirmation(Answer::No);
+  clickRow(list(), 1);
+  EXPECT_EQ(fields(), "1=On");
+  EXPECT_FALSE(values->TestAndConfirmChange()) << "nothing is left to ask";
+}
+
+TEST_F(UceDataListControl, AnAnswerOfYesThatCannotBeKeptIsTold) {
+  clickRow(list(), 1);
+  retype(label(), "Off");
+  expectConfirmation(Answer::Yes);
+  expectInputError("DATALIST/MSG/changeItem/labelAlreadyExistsError/text",
+                   "Label Off already exists.\r\nOld : 0=Off");
+  EXPECT_FALSE(values->TestAndConfirmChange());
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+}
+
+TEST_F(UceDataListControl, AfterAnAdditionTheRowThatWasShownCanBeClickedAgain) {
+  clickRow(list(), 1);
+  enter("9", "Nine");
+  click(addButton());
+  EXPECT_EQ(fields(), "0=");
+  clickRow(list(), 1);
+  EXPECT_EQ(fields(), "1=On");
+}
+
+TEST_F(UceDataListControl, CutAsksAndPutsTheRowsOnTheClipboard) {
+  desktop::setClipboardText("mine");
+  clickRow(list(), 0);
+  clickRow(list(), 2, 0, Qt::ControlModifier);
+  expectCut(Answer::No);
+  key("cut");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+  EXPECT_EQ(desktop::clipboardText(), "mine");
+  expectCut(Answer::Yes);
+  press(list(), Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(rows(), "1=On;");
+  EXPECT_TRUE(desktop::clipboardText().starts_with("<List>"));
+  key("paste");
+  EXPECT_EQ(rows(), "1=On;0=Off;3=Error;");
+  expectCut(Answer::Yes);
+  press(list(), Qt::Key_A, Qt::ControlModifier);
+  choose("PopupRcut");
+  EXPECT_EQ(rows(), "");
+}
+
+TEST_F(UceDataListControl, CopyAndPasteCarryTheDocumentationThroughTheRealClipboard) {
+  clickRow(list(), 1);
+  press(list(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(desktop::clipboardText().starts_with("<List><Item Value=\"1\" Text=\"On\"><Info>"))
+      << desktop::clipboardText();
+  DataItem other;
+  other.DataListes = std::make_shared<DataListeItems>();
+  values->setData(&other);
+  press(list(), Qt::Key_V, Qt::ControlModifier);
+  values->SaveDataItems();
+  ASSERT_EQ(other.DataListes->Count(), 1);
+  EXPECT_EQ(other.DataListes->Item(1)->Info, "all is well");
+  values->setData(&data);
+}
+
+TEST_F(UceDataListControl, CopiedTextHasAValueAndALabelInEachLine) {
+  press(list(), Qt::Key_A, Qt::ControlModifier);
+  choose("PopupRCopyText");
+  EXPECT_EQ(desktop::clipboardText(), "0\tOff\r\n1\tOn\r\n3\tError\r\n");
+}
+
+TEST_F(UceDataListControl, PastedTextMayBeHexadecimal) {
+  desktop::setClipboardText("$1A\tLabel\nnone\tBad\n");
+  choose("PopupRpaste");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;26=Label;");
+  EXPECT_EQ(recorder.take(), Events{"UceDataList1.listChanged()"});
+}
+
+TEST_F(UceDataListControl, APasteThatMeetsValueAndLabelInTwoRowsLeavesBoth) {
+  desktop::setClipboardText("3\tOn\n");
+  person.expect("DATALIST/MSG/UpdateOrAddItem/text", "Paste warning",
+                "Unable to insert or modify item: 3=On\r\nThe value and label already exist in two "
+                "different items",
+                Buttons::Ok, Icon::Exclamation, Answer::Ok);
+  key("paste");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+}
+
+TEST_F(UceDataListControl, PastedDevicesGiveTheirCodeAndName) {
+  desktop::setClipboardText("<Devices><Device DTC=\"64\" Name=\"Pump\"/></Devices>");
+  key("paste");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;64=Pump;");
+}
+
+TEST_F(UceDataListControl, TwoRowsOfOneValueCannotArise) {
+  enter("3", "Third");
+  expectInputError("DATALIST/MSG/CBaddNew_Click/valueAlreadyExistsError/text",
+                   "Value 3 already exists.");
+  click(addButton());
+  clickRow(list(), 0);
+  enter("3", "Off");
+  expectInputError("DATALIST/MSG/changeItem/valueAlreadyExistsError/text",
+                   "Value 3 already exists.\r\nOld : 3=Error");
+  key("save");
+  desktop::setClipboardText("3\tThird\n3\tFourth\n");
+  values->setData(&data);
+  key("paste");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Fourth;");
+}
+
+TEST_F(UceDataListControl, NormalizingCleansTheLabelsOfTheSelectedRows) {
+  desktop::setClipboardText("<List><Item Value=\"8\" Text=\"A  b\"/></List>");
+  key("paste");
+  press(list(), Qt::Key_A, Qt::ControlModifier);
+  person.expect("DATALIST/MSG/PopupRNormalize/confirm/text", "User confirm",
+                "Normalize space suppress white spaces at the start and end of the data name and "
+                "replace multi-space by a single one.\r\nDo you want to normalize selected data "
+                "name ?",
+                Buttons::YesNo, Icon::Question, Answer::Yes);
+  recorder.take();
+  choose("PopupRNormalize");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;8=A b;");
+  EXPECT_EQ(recorder.take().back(), "UceDataList1.listChanged()");
+}
+
+TEST_F(UceDataListControl, ValuesThatCanBeTypedFollowTheSizeOfTheData) {
+  const auto typed = [this](const char* text) {
+    retype(valueText(), text);
+    press(valueText(), Qt::Key_Tab);
+    return value().value();
+  };
+  EXPECT_EQ(typed("300"), 255);
+  EXPECT_EQ(typed("-1"), 0);
+  values->setRange(4, true);
+  EXPECT_EQ(typed("300"), 7);
+  EXPECT_EQ(typed("-300"), -8);
+  values->setRange(32, false);
+  EXPECT_EQ(typed("4294967295"), 2147483647) << "a value has 32 bits and a sign";
+  values->setRange(40, false);
+  EXPECT_EQ(typed("-2147483648"), -2147483648.0);
+  EXPECT_EQ(typed("2,6"), 3);
+}
+
+TEST_F(UceDataListControl, AValueOutsideTheSizeOfTheDataIsShownAndKept) {
+  desktop::setClipboardText("300\tOutside\n");
+  key("paste");
+  clickRow(list(), 3);
+  EXPECT_EQ(fields(), "300=Outside");
+  press(valueText(), Qt::Key_Tab);
+  retype(label(), "Out");
+  key("save");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;300=Out;");
+}
+
+TEST_F(UceDataListControl, TheLetterHTypesValuesInHexadecimal) {
+  clickRow(list(), 2);
+  QTest::keyClicks(&valueText(), "h");
+  EXPECT_EQ(valueText().text(), "3");
+  retype(valueText(), "1a");
+  EXPECT_EQ(valueText().text(), "1A");
+  key("save");
+  EXPECT_EQ(rows(), "0=Off;1=On;26=Error;");
+}
+
+TEST_F(UceDataListControl, TheDocumentationOfAValueIsEditedInItsDialog) {
+  clickRow(list(), 1);
+  {
+    WhenDialogOpens open([&](QDialog& dialog) {
+      EXPECT_EQ(dialog.windowTitle(), "Value 1");
+      auto& text = usable<QuietBrowser>(dialog, "rtbDescription");
+      EXPECT_EQ(text.toPlainText(), "all is well");
+      retype(text, "running");
+      click(usable<QPushButton>(dialog, "OKButton"));
+    });
+    click(usable<QPushButton>(*values, "Infos"));
+  }
+  EXPECT_TRUE(isUsable("save"));
+  key("save");
+  values->SaveDataItems();
+  EXPECT_EQ(data.DataListes->ItemValue(1)->Info, "running");
+}
+
+TEST_F(UceDataListControl, WithoutDataNothingCanBeDone) {
+  values->setData(nullptr);
+  EXPECT_EQ(rows(), "");
+  EXPECT_FALSE(addButton().isEnabled());
+  EXPECT_FALSE(control<QPushButton>(*values, "Infos").isEnabled());
+  for (const char* name : {"cancel", "save", "cut", "copy", "paste"})
+    EXPECT_FALSE(isUsable(name)) << name;
+  values->SaveDataItems();
+}
+
+TEST_F(UceDataListControl, HelpOfTheMenuAsksForTheListsOwn) {
+  choose("PopupRhelp");
+  EXPECT_EQ(recorder.take(), Events{"UceDataList1.help()"});
+}
+
+} // namespace
+} // namespace kelmar
