@@ -17,6 +17,8 @@
 #include <QMenuBar>
 #include <QScreen>
 
+#include <vector>
+
 namespace kelmar {
 
 using desktop::qs;
@@ -214,7 +216,12 @@ void KelmarForm::showHelp(const std::string& helpModule, const std::string& help
   if (helpModule.empty())
     return;
   const std::string command = helpFunction.empty() ? std::string() : browserCommand_;
-  for (const std::string& language : {currentLanguage_, std::string("fr")})
+  // The French page stands in for one that is not there, and the English one for both: those who
+  // write the pages begin with English.
+  std::vector<std::string> languages{currentLanguage_};
+  for (const char* other : {"fr", "en"})
+    if (currentLanguage_ != other) languages.emplace_back(other);
+  for (const std::string& language : languages)
     if (!helpPageIsMissing(language, helpModule) &&
         programs_.openPage(
             frame::helpAddress(rootForAddresses(), language, helpModule, helpFunction), command))

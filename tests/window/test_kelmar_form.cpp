@@ -321,6 +321,19 @@ TEST_F(Form, HelpThatIsMissingInTheLanguageIsShownInFrench) {
             (Lines{"browse " + rootAddress() + "/doc/kelmar/fr/saving.htm#backup"}));
 }
 
+TEST_F(Form, HelpThatIsNotThereInFrenchEitherIsShownInEnglish) {
+  site.folder().write("doc/kelmar/en/data.htm", "<html><body id=\"list\">Help</body></html>");
+  for (const char* language : {"fr", "de"}) {
+    start.language = language;
+    processes.started.clear();
+    run();
+    form->ObjectEvent("help", {{"helpModule", "data"}, {"helpFunction", "list"}});
+    EXPECT_EQ(processes.started,
+              (Lines{"browse " + rootAddress() + "/doc/kelmar/en/data.htm#list"}))
+        << language;
+  }
+}
+
 TEST_F(Form, HelpThatIsMissingEverywhereIsSilent) {
   run();
   form->ObjectEvent("help", {{"helpModule", "nothing"}, {"helpFunction", "x"}});
