@@ -4,11 +4,14 @@
 
 #include "editors/uce_datas.h"
 #include "editors/uce_requests.h"
+#include "frame/uce_edit_param.h"
 
 namespace kelmar {
 
 omnikorEditor::PageMakers pageMakers(const KelmarForm::Machine& machine) {
   return {
+      {"UCEparam",
+       [machine](QWidget* parent) { return new UceEditParam(machine.person, parent); }},
       {"datas",
        [machine](QWidget* parent) {
          return new UceDatas(machine.person, machine.site.DataRoot(), parent);

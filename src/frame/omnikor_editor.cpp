@@ -8,6 +8,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "frame/rules/routing_table.h"
+#include "frame/uce_edit_param.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -213,6 +214,9 @@ void omnikorEditor::listenTo(const PageRow& row, Page& source) {
   connect(&source, &Page::OnCancel, this, [this, &row] { state_.OnCancel(row); });
   connect(&source, &Page::help, this, &omnikorEditor::help);
 
+  if (auto* parameters = qobject_cast<UceEditParam*>(&source))
+    connect(parameters, &UceEditParam::OnIdentification, this, &omnikorEditor::identify);
+
   using Text = const std::string&;
   const std::string_view name = row.page;
   connect(&source, &Page::OnDataSelect, this,
@@ -233,6 +237,17 @@ void omnikorEditor::listenTo(const PageRow& row, Page& source) {
   connect(&source, &Page::OnCopyDataToScreen, this, [this, name](Text a, Text b, Text c) {
     goTo(name, "OnCopyDataToScreen", {a, b, c});
   });
+}
+
+void omnikorEditor::identify(IdentificationRequest& request) {
+  if (!request.search)
+    selector_->updateDetect(std::to_string(request.function), std::to_string(request.protocol),
+                            std::to_string(request.diagVersion), request.supplier, request.soft,
+                            request.version);
+  else
+    request.code = selector_->FindHrefTargetByIdentificationAndProtocol(
+        request.function, request.protocol, request.diagVersion, request.supplier, request.soft,
+        request.version, request.href, request.text);
 }
 
 // A way to a page that is not built leads nowhere.

@@ -19,6 +19,7 @@ class QTabBar;
 namespace kelmar {
 
 class Page;
+struct IdentificationRequest;
 
 /// Server root of the intranet when the site names none; the path "/Omnikor" is added to it.
 inline constexpr char defaultIntranetServer[] = "http://www.omnikor.example";
@@ -108,6 +109,8 @@ class omnikorEditor : public QWidget, private frame::FrameSurface {
   void addTab(const frame::PageRow& row);
   void listenToSelector();
   void listenTo(const frame::PageRow& row, Page& page);
+  /// Shows the values in the panel of the search, or searches, as the parameter page asks.
+  void identify(IdentificationRequest& request);
   void goTo(std::string_view source, std::string_view event,
             const std::vector<std::string>& arguments);
   void selectTab(std::string_view key);

@@ -57,6 +57,8 @@ constexpr PageTexts pageTexts[] = {
     {"UceSelector1", pagesFile, "SELECTOR/CONTROLS"},
     {"UctlNewEcuAddr1", pagesFile, "NEWECU/CONTROLS"},
     {"ecuSelector1", pagesFile, ""},
+    {"UceEditParam1", pagesFile, "PARAMS/CONTROLS"},
+    {"UceAutoIdents1", pagesFile, "AUTOIDENT/CONTROLS"},
     {"UceDatas1", pagesFile, "DATAS/CONTROLS"},
     {"UceDataList1", pagesFile, "DATALIST/CONTROLS"},
     {"UceRequests1", pagesFile, "REQUESTS/CONTROLS"},

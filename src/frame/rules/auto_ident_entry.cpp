@@ -31,28 +31,25 @@ std::optional<BadEntry> checkUds(const AutoIdentEntry& entry) {
   const CMultiLangEx& texts = language::global();
   const std::size_t supplier = characterCount(entry.ValCodeFour);
   if (supplier < 1 || supplier > longestUdsSupplier) {
-    constexpr char key[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSupplierCode/text";
-    return refusal(BadEntry::Field::ValCodeFour, key,
+    constexpr char udsSupplierKey[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSupplierCode/text";
+    return refusal(BadEntry::Field::ValCodeFour, udsSupplierKey,
                    texts.getMultilangMessageDefault(
                        "Bad supplier name : 1 up to {0} characters.",
-                       "AUTOIDENT/MSG/CheckUserInput/UDS/badSupplierCode/text",
-                       std::to_string(longestUdsSupplier)));
+                       udsSupplierKey, std::to_string(longestUdsSupplier)));
   }
   if (characterCount(entry.ValLogiciel) > longestUdsText) {
-    constexpr char key[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftware/text";
-    return refusal(BadEntry::Field::ValLogiciel, key,
+    constexpr char udsSoftwareKey[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftware/text";
+    return refusal(BadEntry::Field::ValLogiciel, udsSoftwareKey,
                    texts.getMultilangMessageDefault(
                        "Bad software name: {0} ASCII characters required",
-                       "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftware/text",
-                       std::to_string(longestUdsText)));
+                       udsSoftwareKey, std::to_string(longestUdsText)));
   }
   if (characterCount(entry.ValVersion) > longestUdsText) {
-    constexpr char key[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftwareVersion/text";
-    return refusal(BadEntry::Field::ValVersion, key,
+    constexpr char udsVersionKey[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftwareVersion/text";
+    return refusal(BadEntry::Field::ValVersion, udsVersionKey,
                    texts.getMultilangMessageDefault(
                        "Bad software version: {0} ASCII characters required",
-                       "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftwareVersion/text",
-                       std::to_string(longestUdsText)));
+                       udsVersionKey, std::to_string(longestUdsText)));
   }
   return std::nullopt;
 }
@@ -61,25 +58,24 @@ std::optional<BadEntry> checkFixedLengths(const AutoIdentEntry& entry) {
   const CMultiLangEx& texts = language::global();
   const std::size_t supplier = characterCount(entry.ValCodeFour);
   if (supplier < shortestSupplier || supplier > longestSupplier) {
-    constexpr char key[] = "AUTOIDENT/MSG/CheckUserInput/badSupplierCode/text";
+    constexpr char supplierKey[] = "AUTOIDENT/MSG/CheckUserInput/badSupplierCode/text";
     return refusal(
-        BadEntry::Field::ValCodeFour, key,
-        texts.getMultilangMessageDefault("Bad Supplier code : 6 characters required",
-                                         "AUTOIDENT/MSG/CheckUserInput/badSupplierCode/text"));
+        BadEntry::Field::ValCodeFour, supplierKey,
+        texts.getMultilangMessageDefault("Bad Supplier code : 6 characters required", supplierKey));
   }
   if (!isFourHexadecimalDigits(entry.ValLogiciel)) {
-    constexpr char key[] = "AUTOIDENT/MSG/CheckUserInput/badSoftware/text";
+    constexpr char softwareKey[] = "AUTOIDENT/MSG/CheckUserInput/badSoftware/text";
     return refusal(
-        BadEntry::Field::ValLogiciel, key,
+        BadEntry::Field::ValLogiciel, softwareKey,
         texts.getMultilangMessageDefault("Bad software name: 4 hexadecimal characters required",
-                                         "AUTOIDENT/MSG/CheckUserInput/badSoftware/text"));
+                                         softwareKey));
   }
   if (!isFourHexadecimalDigits(entry.ValVersion)) {
-    constexpr char key[] = "AUTOIDENT/MSG/CheckUserInput/badSoftwareVersion/text";
+    constexpr char versionKey[] = "AUTOIDENT/MSG/CheckUserInput/badSoftwareVersion/text";
     return refusal(
-        BadEntry::Field::ValVersion, key,
+        BadEntry::Field::ValVersion, versionKey,
         texts.getMultilangMessageDefault("Bad software version: 4 hexadecimal characters required",
-                                         "AUTOIDENT/MSG/CheckUserInput/badSoftwareVersion/text"));
+                                         versionKey));
   }
   return std::nullopt;
 }

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "frame/rules/can_identifier.h"
+
+#include <QWidget>
+
+class QCheckBox;
+
+namespace kelmar {
+
+class ZEMnumeric;
+
+/// A CAN identifier: the number field of the given name and the box for 29 bits, named by it and
+/// "Extented". The number field stays empty as long as no identifier is set.
+class CanIdentifierField : public QWidget {
+  Q_OBJECT
+
+ public:
+  CanIdentifierField(const QString& name, QWidget* parent);
+
+  void showIdentifier(const CanIdentifier& identifier);
+  /// Takes what is being typed for entered.
+  CanIdentifier identifier();
+  ZEMnumeric& number() { return *number_; }
+  QCheckBox& extended() { return *extended_; }
+
+ signals:
+  /// A person changed it.
+  void edited();
+
+ private:
+  void numberChanged();
+  void extendedChanged(bool extended);
+  void showEmpty();
+
+  ZEMnumeric* number_;
+  QCheckBox* extended_;
+  bool showing_ = false; // code changes the controls
+  bool unset_ = true;
+  bool zeroTyped_ = false;
+};
+
+} // namespace kelmar
