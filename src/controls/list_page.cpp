@@ -4,13 +4,14 @@
 
 #include "common/find_next.h"
 #include "controls/hourglass.h"
+#include "controls/page_keys.h"
 #include "desktop/qt_text.h"
 #include "language/error_box.h"
 #include "language/multi_lang.h"
 
+#include <QEvent>
 #include <QHideEvent>
 #include <QItemSelection>
-#include <QKeyEvent>
 #include <QLabel>
 
 namespace kelmar {
@@ -61,20 +62,9 @@ void ListPage::useList(ListView& list, QLabel& count) {
   });
 }
 
-void ListPage::bindPageKeys() {
-  for (QWidget* field : findChildren<QWidget*>())
-    field->installEventFilter(this);
-}
+void ListPage::bindPageKeys() { new PageKeys(*this); }
 
 bool ListPage::eventFilter(QObject* watched, QEvent* event) {
-  // A text field would take these keys for itself.
-  if (event->type() == QEvent::ShortcutOverride) {
-    auto* key = static_cast<QKeyEvent*>(event);
-    if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Save)) {
-      key->ignore();
-      return true;
-    }
-  }
   if (list_ && watched == list_->viewport() && event->type() == QEvent::MouseButtonPress &&
       edits_.changed()) {
     // Asked before the list takes the press, as a box must not stand within it. The fields show the
