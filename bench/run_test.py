@@ -21,6 +21,11 @@ ROWS = (
     r"first paint against a bare window",
     r"identification scan against parsing 20 files, warm",
     r"identification scan against parsing 20 files, cold",
+    r"filling the list of requests against QTreeWidget, 1,000 rows",
+    r"growth exponent of filling the list of requests",
+    r"keystroke in the sent bytes against a bare field, 255 bytes",
+    r"growth exponent of pasting requests as text",
+    r"growth exponent of capitalising names with their references",
 )
 
 

@@ -86,6 +86,12 @@ void RowsModel::sortRows(int column, SortType type, Qt::SortOrder order) {
   emit layoutChanged({}, VerticalSortHint);
 }
 
+QModelIndex RowsModel::index(int row, int column, const QModelIndex& parent) const {
+  const bool exists = row >= 0 && static_cast<std::size_t>(row) < tags_.size() && column >= 0 &&
+                      static_cast<std::size_t>(column) < columns_.size() && !parent.isValid();
+  return exists ? createIndex(row, column) : QModelIndex();
+}
+
 int RowsModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(tags_.size());
 }

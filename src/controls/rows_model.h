@@ -98,6 +98,8 @@ class RowsModel : public QAbstractTableModel {
   /// order in which they stood, up or down. Selection and current row stay with their items.
   void sortRows(int column, SortType type, Qt::SortOrder order);
 
+  /// The view asks for each row when it lays out: without asking back for the counts.
+  QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
