@@ -13,6 +13,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLoggingCategory>
+#include <QShortcut>
 #include <QTabBar>
 #include <QVBoxLayout>
 
@@ -94,6 +95,8 @@ omnikorEditor::omnikorEditor(Machine machine, const PageMakers& pages, QWidget* 
     listenTo(row, *made);
   }
   connect(TabStripPrincipal, &QTabBar::currentChanged, this, [this] { tabClicked(); });
+  new QShortcut(Qt::CTRL | Qt::Key_PageDown, this, [this] { turnPage(1); });
+  new QShortcut(Qt::CTRL | Qt::Key_PageUp, this, [this] { turnPage(-1); });
 
   setLang("en");
   setXmlStyleSheet("ZEMECUPreview.xsl");
@@ -113,6 +116,12 @@ omnikorEditor::~omnikorEditor() {
   delete selector_;
   if (texts_)
     language::setGlobal(nullptr);
+}
+
+void omnikorEditor::turnPage(int step) {
+  if (!TabStripPrincipal->isEnabled()) return;
+  const int tab = TabStripPrincipal->currentIndex() + step;
+  if (tab >= 0 && tab < TabStripPrincipal->count()) TabStripPrincipal->setCurrentIndex(tab);
 }
 
 const std::string& omnikorEditor::BaseUrl() const { return selector_->BaseUrl; }

@@ -115,6 +115,8 @@ class omnikorEditor : public QWidget, private frame::FrameSurface {
             const std::vector<std::string>& arguments);
   void selectTab(std::string_view key);
   void tabClicked();
+  /// To a tab beside the current one.
+  void turnPage(int step);
   void EnterPage(const frame::PageRow& row);
   void ShowPage(int index);
   void selected(bool loaded);

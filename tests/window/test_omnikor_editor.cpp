@@ -286,6 +286,22 @@ TEST_F(Editor, ClickOnATabLeavesTheOldPageAndEntersTheNew) {
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(Editor, KeysTurnToTheTabsBeside) {
+  makeOpen({"datas", "requests"});
+  const auto press = [&](Qt::Key key) { QTest::keyClick(editor.get(), key, Qt::ControlModifier); };
+  press(Qt::Key_PageDown);
+  EXPECT_EQ(visiblePages(), "UceDatas1 ");
+  press(Qt::Key_PageDown);
+  EXPECT_EQ(visiblePages(), "UceRequests1 ");
+  press(Qt::Key_PageDown);
+  EXPECT_EQ(visiblePages(), "UceRequests1 ");
+  press(Qt::Key_PageUp);
+  press(Qt::Key_PageUp);
+  EXPECT_EQ(visiblePages(), "UceSelector1 ");
+  press(Qt::Key_PageUp);
+  EXPECT_EQ(visiblePages(), "UceSelector1 ");
+}
+
 TEST_F(Editor, EveryPageIsEnteredWithTheOpenDatabase) {
   makeOpen(everyTab);
   for (const std::string& tab : everyTab) {
