@@ -221,8 +221,13 @@ void ZEMnumeric::settext(const QString& text) {
 
 double ZEMnumeric::valueOfText() const {
   const auto typed = readNumber(u8(text()), rules_.Base);
-  if (!typed || u8(text()) == numberText(value_, rules_.Base, numberDigit_)) return value_;
-  return correctedNumber(*typed, rules_);
+  return !typed || showsValue() ? value_ : correctedNumber(*typed, rules_);
+}
+
+// The shown text may say less than the value: digits that were cut off, a fraction in the
+// hexadecimal base. Walking through the field must not cut the value to it; typing it does.
+bool ZEMnumeric::showsValue() const {
+  return !textNum_->isModified() && u8(text()) == numberText(value_, rules_.Base, numberDigit_);
 }
 
 void ZEMnumeric::Refresh() {
@@ -233,16 +238,14 @@ void ZEMnumeric::Refresh() {
 }
 
 void ZEMnumeric::commitText() {
-  const std::string typed = u8(text());
-  // The shown text may say less than the value: digits that were cut off, a fraction in the
-  // hexadecimal base. Walking through the field must not cut the value to it.
-  if (typed == numberText(value_, rules_.Base, numberDigit_)) {
+  if (showsValue()) {
     setvalue(value_);
-  } else if (const auto number = readNumber(typed, rules_.Base)) {
+  } else if (const auto number = readNumber(u8(text()), rules_.Base)) {
     setvalue(*number);
   } else {
     Refresh();
   }
+  textNum_->setModified(false);
 }
 
 void ZEMnumeric::selectAll() {

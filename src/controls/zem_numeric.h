@@ -152,6 +152,7 @@ class ZEMnumeric : public QWidget {
   void applyGeometry();
   void takeFocus();
   bool takeKey(const QKeyEvent& event);
+  bool showsValue() const;
   void spin(double sign);
   void chooseBase(int base);
 

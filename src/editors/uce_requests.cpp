@@ -131,6 +131,11 @@ std::vector<RowTag> UceRequests::items() const {
 
 std::string UceRequests::nameOf(RowTag item) const { return requestOf(item).requestName; }
 
+RowTag UceRequests::itemNamed(const std::string& name) const {
+  const TargetItem* target = parts_->target();
+  return target && target->Requests() ? target->Requests()->ItemName(name) : nullptr;
+}
+
 std::string UceRequests::countText(int rows) const { return requestCountText(rows); }
 
 void UceRequests::showItem(RowTag item) {
@@ -251,6 +256,10 @@ void UceRequests::Parts::edited() { page.SetChanged(Edited); }
 void UceRequests::Parts::frameEdited(QLineEdit& field) {
   if (page.edits().loading()) return;
   if (&field == TextReqBytes && LVrequests->selectedTags().empty()) return;
+  frameChanged(field);
+}
+
+void UceRequests::Parts::frameChanged(QLineEdit& field) {
   colourFields();
   if (&field == TextReqBytes) lblReqLength->setText(qs(requestLengthText(u8(field.text()))));
   edited();

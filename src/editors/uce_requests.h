@@ -41,6 +41,7 @@ class UceRequests : public ListPage {
  protected:
   std::vector<RowTag> items() const override;
   std::string nameOf(RowTag item) const override;
+  RowTag itemNamed(const std::string& name) const override;
   std::string countText(int rows) const override;
   void showItem(RowTag item) override;
   void confirmedByClick(bool applied) override;

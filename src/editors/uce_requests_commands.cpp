@@ -358,8 +358,12 @@ void UceRequests::Parts::generateTests() {
 
 void UceRequests::Parts::importHex() {
   if (!request()) return;
-  if (const auto text = importSendBufferFromHex(*target(), page.person()))
-    TextReqBytes->setText(qs(*text));
+  const auto text = importSendBufferFromHex(*target(), page.person());
+  if (!text) return;
+  const QSignalBlocker quiet(TextReqBytes);
+  TextReqBytes->setText(qs(*text));
+  // Also while no row is selected: what came from a file is not to be lost.
+  frameChanged(*TextReqBytes);
 }
 
 } // namespace kelmar

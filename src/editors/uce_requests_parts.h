@@ -79,6 +79,7 @@ struct UceRequests::Parts : PositionHost {
   void showControls(const RequestFields& fields);
   void edited();
   void frameEdited(QLineEdit& field);
+  void frameChanged(QLineEdit& field);
   void numberEdited(const ZEMnumeric& field, std::int32_t inItem);
   void ValidChange(bool toFile);
   void cancel();

@@ -195,6 +195,16 @@ TEST_F(ZEMnumericTest, NumberDigit_ShowsThatManyAndAWalkThroughTheFieldChangesNo
   EXPECT_EQ(field->value(), 1.0 / 3);
 }
 
+TEST_F(ZEMnumericTest, NumberDigit_ATextThatIsTypedCountsEvenWhenItWasShownBefore) {
+  field->setBase(1);
+  field->setNumberDigit(4);
+  field->setvalue(0x12345);
+  retype(box(), "2345");
+  EXPECT_EQ(field->valueOfText(), 0x2345);
+  press(box(), Qt::Key_Return);
+  EXPECT_EQ(field->value(), 0x2345);
+}
+
 TEST_F(ZEMnumericTest, Range_ClampsAndSaysSo) {
   field->setRangeChecking(true);
   field->SetMinMax(0, 7);

@@ -63,6 +63,14 @@ TEST_F(UceRequestsFiles, TheFieldIsWrittenNotTheItemAndABadOneIsNot) {
             ":020000040000FA\r\n:020000003E00C0\r\n:00000001FF");
 }
 
+TEST_F(UceRequestsFiles, AnImportIsMarkedWhileNoRowIsSelected) {
+  usable<QAbstractItemView>(*page, "LVrequests").clearSelection();
+  reads(folder.write("frame.hex", ":020000003E00C0\r\n:00000001FF"));
+  EXPECT_EQ(u8(field("TextReqBytes").text()), "3E00");
+  EXPECT_EQ(shown("lblReqLength"), "(2 bytes)");
+  EXPECT_EQ(recorder.take().back(), "UceRequests1.OnChange()");
+}
+
 TEST_F(UceRequestsFiles, AnImportThatFailsLeavesTheFieldAlone) {
   reads(std::nullopt);
   reads(folder.write("start.hex", ":0400000300003800C1\r\n:00000001FF"),
