@@ -175,6 +175,8 @@ void omnikorEditor::InitParameters(const std::string& basePath,
   for (const std::string_view name : frame::initOrder())
     if (Page* built = page(frame::rowOfPage(name)->key))
       built->InitControl();
+  if (Page* parameters = page("UCEparam"))
+    parameters->writeProperty("databaseDescription", selector_->selectionLabel());
   ShowPage(0);
   TabStripPrincipal->setEnabled(false);
   selectTab("database");

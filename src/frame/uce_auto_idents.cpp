@@ -81,6 +81,9 @@ void UceAutoIdents::makeControls() {
   rows->addWidget(lbResult);
 
   connect(LVident, &ListView::currentMoved, this, [this] { showRow(); });
+  connect(LVident, &QAbstractItemView::clicked, this, [this] {
+    if (active()) showRow(); // the row that is shown already, too
+  });
   connect(LVident, &ListView::selectionMoved, this, [this] { refresh(); });
   LVident->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(LVident, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
@@ -175,7 +178,8 @@ void UceAutoIdents::DisplayParam(OmnikorLibXml* database) {
 }
 
 void UceAutoIdents::GetDataFromScreen() {
-  if (target()) target()->AutoIdents = items_->clone(target());
+  if (!target() || (!target()->AutoIdents && items_->Count() == 0)) return;
+  target()->AutoIdents = items_->clone(target());
 }
 
 void UceAutoIdents::showSearchResult(const std::string& text) { lbResult->setText(qs(text)); }
@@ -200,6 +204,8 @@ AutoIdentSelection UceAutoIdents::selected() const {
 }
 
 AutoIdentItem* UceAutoIdents::active() const {
+  const QModelIndex row = LVident->currentIndex();
+  if (!row.isValid() || !LVident->selectionModel()->isSelected(row)) return nullptr;
   return static_cast<AutoIdentItem*>(LVident->currentTag());
 }
 

@@ -41,6 +41,14 @@ void setText(QLineEdit& field, const std::string& text) {
   field.setCursorPosition(0);
 }
 
+/// As typed; the field itself would give a blank for a no-break space.
+QString textOf(const QPlainTextEdit& field) {
+  QString text = field.document()->toRawText();
+  for (const QChar::SpecialCharacter end : {QChar::ParagraphSeparator, QChar::LineSeparator})
+    text.replace(end, QLatin1Char('\n'));
+  return text;
+}
+
 } // namespace
 
 UceEditParam::UceEditParam(platform::Person& person, QWidget* parent)
@@ -299,7 +307,7 @@ std::string UceEditParam::Parts::readDate() const {
 EditParamFields UceEditParam::Parts::readControls() {
   EditParamFields fields = shown;
   fields.txtEmail = u8(txtEmail->text());
-  fields.Comment = widenLineFeeds(u8(Comment->toPlainText()));
+  if (Comment->document()->isModified()) fields.Comment = widenLineFeeds(u8(textOf(*Comment)));
   fields.KW1 = u8(KW1->text());
   fields.KW2 = u8(KW2->text());
   fields.ComboTypeCom = ComboTypeCom->currentIndex() + 1;

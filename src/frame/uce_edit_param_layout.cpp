@@ -118,7 +118,7 @@ void UceEditParam::Parts::makeControls() {
   splitter->addWidget(UceAutoIdents1);
   splitter->setStretchFactor(0, 3);
   splitter->setStretchFactor(1, 2);
-  splitter->setSizes({640, 460});
+  splitter->setSizes({700, 420});
   page.setFocusProxy(txtEmail);
 }
 
@@ -165,8 +165,8 @@ QWidget* UceEditParam::Parts::makeGeneral(QWidget* parent) {
   coding->addStretch();
   grid->addWidget(caption("LabelCodage", "Bytes of the data", bigEndian, general), 3, 0);
   grid->addLayout(coding, 3, 1, 1, 3);
-  grid->setColumnStretch(1, 3);
-  grid->setColumnStretch(3, 2);
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(3, 1);
   return general;
 }
 
@@ -197,7 +197,7 @@ void UceEditParam::Parts::makeCan(QWidget* parent) {
   LabelCGW = caption("LabelCGW", "Gateway", CheckCGW, FrCan);
   ComboMaxDataLangthCANFD = list("ComboMaxDataLangthCANFD", canFdDataLengths(), FrCan);
   LbMaxDataLangthCANFD =
-      caption("LbMaxDataLangthCANFD", "Greatest data length", ComboMaxDataLangthCANFD, FrCan);
+      caption("LbMaxDataLangthCANFD", "Maximum data length", ComboMaxDataLangthCANFD, FrCan);
   LbBytesCANFD = named<QLabel>("LbBytesCANFD", FrCan);
   LbBytesCANFD->setText(QStringLiteral("bytes"));
   LbBaudRateCANFD = named<QLabel>("LbBaudRateCANFD", FrCan);

@@ -68,6 +68,7 @@ void UceSelector::setDatabase(std::shared_ptr<OmnikorLibXml> database) {
 
 const std::string& UceSelector::fileName() const { return parts_->fileName; }
 const std::string& UceSelector::url() const { return parts_->url; }
+std::string UceSelector::selectionLabel() const { return parts_->ecuSelector1->selectionLabel(); }
 const std::string& UceSelector::lang() const { return parts_->lang; }
 
 void UceSelector::setLang(const std::string& lang) {

@@ -51,6 +51,8 @@ class UceSelector : public QWidget {
   const std::string& fileName() const;
   /// Last address given by the tree.
   const std::string& url() const;
+  /// Name of the data set that the tree shows.
+  std::string selectionLabel() const;
   /// The database differs from the file: the frame's state, mirrored.
   bool saveNeed = false;
 

@@ -110,6 +110,28 @@ TEST_F(UceAutoIdentsPage, ARowClickFillsTheEntry) {
   EXPECT_EQ(recorder.take(), Events{});
 }
 
+TEST_F(UceAutoIdentsPage, AClickOnTheSameRowFillsTheEntryAgain) {
+  retype(field("ValCodeFour"), "typed");
+  clickRow(list(), 0);
+  EXPECT_EQ(entry(), "4 OKN 0A12 0100");
+}
+
+TEST_F(UceAutoIdentsPage, SaveWithoutASelectedRowMakesOne) {
+  clickRow(list(), 0, 0, Qt::ControlModifier);
+  ASSERT_TRUE(list().selectedTags().empty());
+  fill("5", "NEW", "0001", "0001");
+  key("save");
+  EXPECT_EQ(stored(), "4 OKN 0A12 0100\n10 ABC 0001 0002\n5 NEW 0001 0001\n");
+}
+
+TEST_F(UceAutoIdentsPage, AnEcuWithoutListGetsNoneBySaving) {
+  target().AutoIdents.reset();
+  page->DisplayParam(database);
+  EXPECT_EQ(rows(), "");
+  page->GetDataFromScreen();
+  EXPECT_FALSE(target().AutoIdents);
+}
+
 TEST_F(UceAutoIdentsPage, SaveWritesTheEntryAndThePage) {
   clickRow(list(), 1);
   fill("11", "ABCDEF", "00ff", "1234");

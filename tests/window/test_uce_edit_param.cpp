@@ -243,6 +243,18 @@ TEST_F(UceEditParamPage, NothingReachesTheEcuBeforeSave) {
   EXPECT_FALSE(page->TestAndConfirmChange());
 }
 
+TEST_F(UceEditParamPage, ACommentKeepsItsNoBreakSpaces) {
+  parameters().Comment = "a\u00A0:\r\n b";
+  showAgain();
+  key("save");
+  EXPECT_EQ(parameters().Comment, "a\u00A0:\r\n b");
+  auto& comment = control<QPlainTextEdit>(*page, "Comment");
+  comment.moveCursor(QTextCursor::End);
+  QTest::keyClicks(&comment, "c");
+  key("save");
+  EXPECT_EQ(parameters().Comment, "a\u00A0:\r\n bc");
+}
+
 TEST_F(UceEditParamPage, CancelShowsTheEcuAgain) {
   retype(field("txtEmail"), "a@b.example");
   chooseProtocol(9);
