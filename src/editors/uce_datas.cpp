@@ -183,8 +183,7 @@ DataFields UceDatas::Parts::readControls() const {
   fields.TextDescription = u8(TextDescription->text());
   // The field has one line; breaks that it does not show are not to be lost by it.
   if (const DataItem* item = data();
-      item && replaceAll(replaceAll(item->Description, "\r\n", "\n"), "\n", " ") ==
-                  fields.TextDescription)
+      item && inOneLine(item->Description) == fields.TextDescription)
     fields.TextDescription = item->Description;
   fields.TextUnite = u8(TextUnite->text());
   fields.TextFormat = u8(TextFormat->text());
@@ -202,8 +201,7 @@ DataFields UceDatas::Parts::readControls() const {
 
 void UceDatas::Parts::showControls(const DataFields& fields) {
   TextMnemo->setText(qs(fields.TextMnemo));
-  TextDescription->setText(
-      qs(replaceAll(replaceAll(fields.TextDescription, "\r\n", "\n"), "\n", " ")));
+  TextDescription->setText(qs(inOneLine(fields.TextDescription)));
   TextUnite->setText(qs(fields.TextUnite));
   TextFormat->setText(qs(fields.TextFormat));
   TextCoeffA->setText(qs(fields.TextCoeffA));

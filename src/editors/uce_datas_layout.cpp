@@ -81,7 +81,10 @@ void UceDatas::Parts::makeControls() {
       {.text =
            [](RowTag tag, int column) {
              const auto& item = *static_cast<DataItem*>(tag);
-             return column == 0 ? item.dataName() : column == 1 ? item.Mnemo : item.Description;
+             // The rows are as high as the first one.
+             return column == 0   ? item.dataName()
+                    : column == 1 ? item.Mnemo
+                                  : inOneLine(item.Description);
            },
        .look =
            [](RowTag tag) {
@@ -135,6 +138,7 @@ void UceDatas::Parts::makeControls() {
 QWidget* UceDatas::Parts::makeNumericForm() {
   auto* frame = new QWidget(forms);
   auto* form = new QFormLayout(frame);
+  form->setContentsMargins(0, 0, 0, 0);
   NumericNumberBits = number("NumericNumberBits", frame);
   addField(*form, "labNumericNumberBits", "Number bits", NumericNumberBits);
   CheckSigne = button<QCheckBox>("CheckSigne", "Signed", frame);
@@ -164,6 +168,7 @@ QWidget* UceDatas::Parts::makeNumericForm() {
 /// The formula as it is written by hand, and beside it the figures that stand in it.
 QWidget* UceDatas::Parts::makeCoefficients(QWidget* parent) {
   auto* box = new QWidget(parent);
+  box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   auto* columns = new QHBoxLayout(box);
   columns->setContentsMargins(0, 0, 0, 0);
   auto* formula = new QVBoxLayout;
@@ -221,6 +226,7 @@ QWidget* UceDatas::Parts::makeListForm() {
 QWidget* UceDatas::Parts::makeNotNumericForm() {
   auto* frame = new QWidget(forms);
   auto* form = new QFormLayout(frame);
+  form->setContentsMargins(0, 0, 0, 0);
   NotNumericNumberBytes = number("NotNumericNumberBytes", frame);
   addField(*form, "labNotNumericNumberBytes", "Number bytes", NotNumericNumberBytes);
   ascii = button<QRadioButton>("RBascii", "ASCII", frame);

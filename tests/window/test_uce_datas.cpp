@@ -108,7 +108,7 @@ TEST_F(UceDatasPage, ItComesBackToTheDataThatWasShown) {
   showToUser(*page);
   page->displayDatas(database, "");
   EXPECT_EQ(caption(), "Speed");
-  EXPECT_TRUE(waitUntil([&] { return QApplication::focusWidget() == &list(); }));
+  EXPECT_EQ(page->focusWidget(), &list());
 }
 
 TEST_F(UceDatasPage, EveryFieldReachesItsPropertyWithValid) {
@@ -272,6 +272,7 @@ TEST_F(UceDatasPage, ADescriptionOfSeveralLinesIsKeptUntilItIsTypedOver) {
   the("Level").Description = "one\r\ntwo";
   showAgain();
   EXPECT_EQ(field("TextDescription").text(), "one two");
+  EXPECT_EQ(list().rows().textOf(&the("Level"), 2), "one two") << "a row has one line";
   type(field("TextMnemo"), "M");
   key("valid");
   EXPECT_EQ(the("Level").Description, "one\r\ntwo");

@@ -39,6 +39,10 @@ DataFields fieldsOf(const DataItem& data) {
   return fields;
 }
 
+std::string inOneLine(std::string_view text) {
+  return replaceAll(replaceAll(replaceAll(text, "\r\n", " "), "\n", " "), "\r", " ");
+}
+
 void changeType(DataFields& fields, DataType type) {
   if (fields.OPtype == DataType::NumericList && type == DataType::Numeric) {
     fields.CheckSigne = fields.CheckSignedList;

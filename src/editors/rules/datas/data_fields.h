@@ -27,6 +27,9 @@ struct DataFields {
 
 DataFields fieldsOf(const DataItem& data);
 
+/// A text of a file in fields and rows that have one line: breaks become blanks.
+std::string inOneLine(std::string_view text);
+
 /// Going from one form to another carries sign and bit count over between the two numeric ones.
 void changeType(DataFields& fields, DataType type);
 
