@@ -329,6 +329,18 @@ TEST_F(DataRules, UnitsComeByNameAndByCategory) {
   EXPECT_TRUE(unitsMenu(xml::Document(), "en").empty());
 }
 
+TEST_F(DataRules, UnitsStandWhereAPersonLooksForThem) {
+  xml::Document units;
+  ASSERT_TRUE(units.loadXML(R"(<units>
+    <unit><name xml:lang="fr">degré</name><symbol>d</symbol></unit>
+    <unit><name xml:lang="fr">mole</name><symbol>mol</symbol></unit>
+    <unit><name xml:lang="fr">Mètre</name><symbol>m</symbol></unit>
+    <unit><name xml:lang="fr">décibel</name><symbol>dB</symbol></unit></units>)"));
+  std::string symbols;
+  for (const MenuEntry& unit : unitsMenu(units, "fr").at(0).entries) symbols += unitOf(unit.text) + " ";
+  EXPECT_EQ(symbols, "dB d m mol ");
+}
+
 TEST_F(DataRules, TheSiteHasUnitsInThirteenCategories) {
   xml::Document units;
   ASSERT_TRUE(loadUnits(units, KELMAR_SITE));

@@ -20,8 +20,11 @@ std::string nameIn(const xml::Node& element, const std::string& language) {
   return xml::textOf(named ? named.node() : element.child("name"));
 }
 
+/// By which a person looks a name up: neither case nor the accents of French count.
+std::string placeOf(const std::string& name) { return MakeFileSafeName(lowerCase(name)); }
+
 struct Unit {
-  std::string name, category;
+  std::string name, place, category;
   MenuEntry entry;
 };
 
@@ -32,6 +35,7 @@ std::vector<MenuEntry> unitsMenu(const xml::Document& document, const std::strin
   for (const xml::Node& element : document.selectNodes("/units/unit")) {
     Unit unit;
     unit.name = nameIn(element, language);
+    unit.place = placeOf(unit.name);
     unit.category = element.attribute("categoryId").value();
     const char* mark = element.attribute("SI") ? "• " : "  ";
     unit.entry = {.key = "mnuUnit",
@@ -41,7 +45,7 @@ std::vector<MenuEntry> unitsMenu(const xml::Document& document, const std::strin
   }
   if (units.empty()) return {};
   std::stable_sort(units.begin(), units.end(), [](const Unit& left, const Unit& right) {
-    return foldCase(left.name) < foldCase(right.name);
+    return left.place < right.place;
   });
 
   MenuEntry alpha{.key = "mnuUnitAlpha",
