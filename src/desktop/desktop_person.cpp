@@ -24,6 +24,8 @@ namespace {
 
 /// A box is never higher than this many lines; what is longer goes behind "Show Details".
 constexpr qsizetype longestText = 24;
+// In characters. A longer line wraps, and a very long one is cut.
+constexpr qsizetype widthOfLine = 100, longestLine = 400, longestDetails = 100'000;
 
 QMessageBox::Icon iconOf(Icon icon) {
   switch (icon) {
@@ -77,14 +79,22 @@ QString withPlainLineEnds(QString text) {
   return text;
 }
 
+/// So much of the text as fits on a screen; the rest is in the details, as far as a person could read
+/// it. Pasted text can bring names of any length.
 void showText(QMessageBox& box, const QString& text) {
-  const QStringList lines = text.split(QLatin1Char('\n'));
-  if (lines.size() <= longestText) {
-    box.setText(text);
-    return;
+  const QChar ellipsis(0x2026);
+  QStringList shown;
+  qsizetype begin = 0, height = 0;
+  while (begin <= text.size() && height < longestText) {
+    const qsizetype end = text.indexOf(QLatin1Char('\n'), begin);
+    const QString line = text.mid(begin, (end < 0 ? text.size() : end) - begin);
+    shown << (line.size() <= longestLine ? line : line.left(longestLine) + ellipsis);
+    height += 1 + shown.back().size() / widthOfLine;
+    begin = end < 0 ? text.size() + 1 : end + 1;
   }
-  box.setText(lines.mid(0, longestText).join(QLatin1Char('\n')) + QLatin1String("\n\u2026"));
-  box.setDetailedText(text);
+  if (begin <= text.size()) shown << QString(ellipsis);
+  box.setText(shown.join(QLatin1Char('\n')));
+  if (box.text() != text) box.setDetailedText(text.left(longestDetails));
 }
 
 } // namespace

@@ -141,6 +141,21 @@ TEST_F(DesktopPerson, AVeryLongTextStaysOnTheScreen) {
   person.message({"", "Report", text, Buttons::Ok, Icon::Information});
 }
 
+TEST_F(DesktopPerson, AVeryLongLineStaysOnTheScreen) {
+  const WhenDialogOpens user([](QDialog& dialog) {
+    QMessageBox& box = asBox(dialog);
+    EXPECT_LT(box.height(), 700);
+    EXPECT_TRUE(box.text().startsWith("Data name 'nnn"));
+    EXPECT_TRUE(box.text().endsWith(QChar(0x2026) + QStringLiteral("\nend")));
+    EXPECT_TRUE(box.detailedText().startsWith("Data name 'nnn"));
+    EXPECT_GT(box.detailedText().size(), 50'000);
+    EXPECT_LE(box.detailedText().size(), 100'000);
+    dialog.reject();
+  });
+  person.message({"", "Warning", "Data name '" + std::string(5'000'000, 'n') + "' too long.\r\nend",
+                  Buttons::Ok, Icon::Exclamation});
+}
+
 TEST_F(DesktopPerson, ABoxIsModalToTheActiveWindow) {
   QMainWindow window;
   showToUser(window);
