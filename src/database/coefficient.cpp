@@ -10,7 +10,9 @@ bool Coefficient::needsDecimal(double value) {
   return doubleToPlainText(value).find("E-") != std::string::npos;
 }
 
-Coefficient::Coefficient(double value) : value_(value), isDecimal_(needsDecimal(value)) {}
+Coefficient::Coefficient(double value) : value_(value) {
+  if (needsDecimal(value)) *this = asDecimal(value);
+}
 
 Coefficient Coefficient::asDecimal(double value) {
   Coefficient coefficient;

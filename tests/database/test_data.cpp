@@ -245,6 +245,11 @@ TEST(Coefficients, WritersTurnSmallNumbersIntoDecimals) {
   EXPECT_EQ(scaledOf(item), " Step=\" .00001\" Offset=\" .0001\" DivideBy=\" 1E+20\"");
 }
 
+TEST(Coefficients, ANumberTooSmallForADecimalIsZeroAtOnce) {
+  EXPECT_TRUE(Coefficient(1e-30) == 0.0);
+  EXPECT_FALSE(Coefficient(1e-20) == 0.0);
+}
+
 TEST(Coefficients, TextWithoutANumberIsZeroAndACommaEndsIt) {
   Read read("<Bits><Scaled Step='x' Offset='1,5'/></Bits>");
   EXPECT_TRUE(read.item.CoeffA == 0.0);
