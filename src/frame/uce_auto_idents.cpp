@@ -79,6 +79,8 @@ void UceAutoIdents::makeControls() {
   lbResult->setWordWrap(true);
   lbResult->setTextInteractionFlags(Qt::TextSelectableByMouse);
   rows->addWidget(lbResult);
+  txdHref = named<ShownField>("txdHref", this);
+  rows->addWidget(txdHref);
 
   connect(LVident, &ListView::currentMoved, this, [this] { showRow(); });
   connect(LVident, &QAbstractItemView::clicked, this, [this] {
@@ -174,7 +176,7 @@ void UceAutoIdents::DisplayParam(OmnikorLibXml* database) {
                                             : std::make_shared<AutoIdentItems>();
   fillList(items_->Count() > 0 ? items_->Item(1) : nullptr);
   FRidentVal->setEnabled(target() != nullptr);
-  lbResult->clear();
+  showSearchResult({}, {});
 }
 
 void UceAutoIdents::GetDataFromScreen() {
@@ -182,13 +184,18 @@ void UceAutoIdents::GetDataFromScreen() {
   target()->AutoIdents = items_->clone(target());
 }
 
-void UceAutoIdents::showSearchResult(const std::string& text) { lbResult->setText(qs(text)); }
+void UceAutoIdents::showSearchResult(const std::string& text, const std::string& href) {
+  lbResult->setText(qs(text));
+  txdHref->setText(qs(href));
+  txdHref->setVisible(!href.empty());
+  txdHref->setAccessibleName(qs(text));
+}
 
 std::vector<QWidget*> UceAutoIdents::tabOrder() const {
   std::vector<QWidget*> order;
   for (QAction* action : TBident->actions()) order.push_back(TBident->widgetForAction(action));
   order.insert(order.end(), {txtDatabase, LVident, ValIndiceDiag, ValCodeFour, ValLogiciel,
-                             ValVersion, buttonAddNewAi});
+                             ValVersion, buttonAddNewAi, txdHref});
   return order;
 }
 
@@ -321,11 +328,12 @@ void UceAutoIdents::copyText() {
   if (selected().empty()) return;
   bool broken = false;
   desktop::setClipboardText(copyAutoIdentsText(selected(), broken));
-  lbResult->setText(
-      broken ? qs(language::global().getMultilangMessageDefault(
+  showSearchResult(
+      broken ? language::global().getMultilangMessageDefault(
                    "A copied cell holds a line break or a tab: pasted back, it will not be the same.",
-                   "AUTOIDENT/MSG/copyText/brokenCell/text"))
-             : QString());
+                   "AUTOIDENT/MSG/copyText/brokenCell/text")
+             : std::string(),
+      {});
 }
 
 void UceAutoIdents::paste() {

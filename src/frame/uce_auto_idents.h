@@ -46,8 +46,8 @@ class UceAutoIdents : public QWidget {
   void GetDataFromScreen();
   /// Code of the protocol that is chosen now; it decides which texts are allowed.
   void setProtocol(std::int32_t code) { protocol_ = code; }
-  /// What a search has found.
-  void showSearchResult(const std::string& text);
+  /// What a search has found: words, and the address of the file, empty without a match.
+  void showSearchResult(const std::string& text, const std::string& href);
   /// The controls in the order in which they are read.
   std::vector<QWidget*> tabOrder() const;
 
@@ -94,7 +94,7 @@ class UceAutoIdents : public QWidget {
   std::shared_ptr<AutoIdentItems> items_; ///< the copy
   std::int32_t protocol_ = 0;
   QToolBar* TBident = nullptr;
-  ShownField* txtDatabase = nullptr;
+  ShownField *txtDatabase = nullptr, *txdHref = nullptr;
   ListView* LVident = nullptr;
   QGroupBox* FRidentVal = nullptr;
   ZEMnumeric* ValIndiceDiag = nullptr;

@@ -417,8 +417,7 @@ void UceEditParam::Parts::searchFor(std::int32_t diagVersion, const std::string&
   emit page.OnIdentification(request);
   request.search = true;
   emit page.OnIdentification(request);
-  UceAutoIdents1->showSearchResult(
-      request.href.empty() ? request.text : request.text + "\n[" + request.href + "]");
+  UceAutoIdents1->showSearchResult(request.text, request.href);
 }
 
 } // namespace kelmar

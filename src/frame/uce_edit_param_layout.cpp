@@ -210,6 +210,7 @@ void UceEditParam::Parts::makeCan(QWidget* parent) {
   grid->addWidget(LabelCGW, 2, 0);
   grid->addWidget(CheckCGW, 2, 1, 1, 2, Qt::AlignLeft);
   auto* length = new QHBoxLayout;
+  length->setSpacing(6);
   length->addWidget(ComboMaxDataLangthCANFD);
   length->addWidget(LbBytesCANFD);
   length->addStretch();

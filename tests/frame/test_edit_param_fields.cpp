@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace kelmar {
 namespace {
 
@@ -293,6 +295,25 @@ TEST_F(EditParam, EachProtocol_GivesItsModeAndComesBack) {
     EXPECT_EQ(protocol->multiPoint, parameters().multiPoint) << protocol->protocolName;
     EXPECT_EQ(protocol->code, shownCode()) << protocol->protocolName;
   }
+}
+
+TEST(EditParamFiles, TakingOverWhatIsShownChangesTheBaudRateOfCanAlone) {
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(KELMAR_TEST_DATA "/good")) {
+    if (entry.path().extension() != ".xml" || entry.path().stem() == "sibling-tool") continue;
+    OmnikorLibXml database;
+    database.ImportUceFromXml(entry.path().string());
+    const std::string before = database.ecuFileBytes();
+    TargetParamItem& parameters = *database.ActiveTarget->Parametres();
+    const std::int32_t baudRate = parameters.BaudRate;
+    EditParamFields fields = *fieldsOf(database);
+    applyFields(fields, database);
+    if (protocolCode(*database.protocols, fields.ComboTypeCom) == canCode)
+      parameters.BaudRate = baudRate;
+    EXPECT_EQ(before, database.ecuFileBytes()) << entry.path();
+    ++files;
+  }
+  EXPECT_GT(files, 30);
 }
 
 TEST(ProtocolPanelsTest, EachCodeHasItsOwn) {

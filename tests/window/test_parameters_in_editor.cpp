@@ -109,10 +109,11 @@ TEST_F(ParametersInEditor, ASearchShowsItsResultAndFillsTheSearchPanel) {
   click(usable<QToolButton>(page(), "check"));
   // Two files of the site have this function, and neither has an identification.
   EXPECT_EQ(u8(control<QLabel>(page(), "lbResult").text()), "No match");
+  EXPECT_FALSE(control<QLineEdit>(page(), "txdHref").isVisible());
   press(field("ValVersion"), Qt::Key_S, Qt::ControlModifier);
   click(usable<QToolButton>(page(), "check"));
-  EXPECT_EQ(u8(control<QLabel>(page(), "lbResult").text()),
-            "Identification exact match\n[" + site.engine() + "]");
+  EXPECT_EQ(u8(control<QLabel>(page(), "lbResult").text()), "Identification exact match");
+  EXPECT_EQ(u8(usable<QLineEdit>(page(), "txdHref").text()), site.engine());
   QWidget& panel = controlNamed(*editor, "FrDetect");
   EXPECT_EQ(u8(control<QLineEdit>(panel, "txdFunc").text()), "122");
   EXPECT_EQ(u8(control<QLineEdit>(panel, "txdDiag").text()), "4");

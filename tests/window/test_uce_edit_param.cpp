@@ -427,8 +427,8 @@ TEST_F(UceEditParamPage, SearchesWithTheProtocolOfTheScreen) {
     EXPECT_EQ(request.diagVersion, 4);
     EXPECT_EQ(request.supplier + request.soft + request.version, "OKN0A120100");
   }
-  EXPECT_EQ(u8(control<QLabel>(*page, "lbResult").text()),
-            "Identification exact match\n[/vehicles/engine.xml]");
+  EXPECT_EQ(u8(control<QLabel>(*page, "lbResult").text()), "Identification exact match");
+  EXPECT_EQ(u8(usable<QLineEdit>(*page, "txdHref").text()), "/vehicles/engine.xml");
 }
 
 TEST_F(UceEditParamPage, TheDataSetIsShownWithTheIdentifications) {
