@@ -190,6 +190,16 @@ TEST_F(Modification, SaveOfParametersAndSelectorAlwaysGoesToTheFile) {
   EXPECT_EQ(caption("UCEparam"), "Parameters");
 }
 
+TEST_F(Modification, SaveOfTheParametersThatFailsLeavesTheFileUnsaved) {
+  surface.saves = false;
+  state.OnChange(row("UCEparam"));
+  state.OnSave(row("UCEparam"), true);
+  EXPECT_EQ(take(), (Events{"saveFile", "saveNeed"}));
+  EXPECT_TRUE(state.saveNeeded());
+  EXPECT_EQ(caption("database"), "ECU - Not saved -");
+  EXPECT_EQ(state.pageChangeCount(), 0);
+}
+
 TEST_F(Modification, SaveOfTheLabelsOnlyUnmarks) {
   state.NotePageChange();
   take();

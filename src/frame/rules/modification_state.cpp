@@ -77,6 +77,8 @@ void ModificationState::OnSave(const PageRow& row, bool toFile) {
     NotePageChange(); // the edit is in the database now, and not in the file
   else if (SaveDatabaseFile())
     ClearPageChanges();
+  else if (row.kind == PageKind::Parameter)
+    SetSaveNeed(true); // its changes are not counted, but now the database has what the file lacks
 }
 
 void ModificationState::OnCancel(const PageRow& row) {
