@@ -170,6 +170,19 @@ TEST_F(EditParam, Fields_ShowTheIdentifiersOfTheFile) {
   EXPECT_EQ(2024, shown().canRid);
 }
 
+TEST_F(EditParam, Fields_TakeNoToolAddressForAnIdentifier) {
+  function->canXid = -1;
+  parameters().canXid = 2016;
+  EXPECT_EQ(2016, shown().canXid);
+  parameters().setToolAddress(242);
+  EXPECT_EQ(2016, shown().canXid);
+  parameters().ToolAddress(); // as a save of the file reads it
+  EditParamFields fields = shown();
+  EXPECT_EQ(-1, fields.canXid);
+  applyFields(fields, database);
+  EXPECT_EQ(-1, function->canXid);
+}
+
 TEST_F(EditParam, BaudRate_FollowsTheProtocol) {
   EditParamFields fields = shown();
   fields.numbers[0] = {"9600", true};
@@ -382,11 +395,7 @@ TEST(CanIdentifiers, KeepTheirMark) {
     EXPECT_EQ(stored, storedCanIdentifier(canIdentifierOf(stored)));
 }
 
-TEST(CanIdentifiers, AreCutWhenTheBoxIsCleared) {
-  EXPECT_EQ((CanIdentifier{2047, false}), withExtended({3000, true}, false));
-  EXPECT_EQ((CanIdentifier{100, false}), withExtended({100, true}, false));
-  EXPECT_EQ((CanIdentifier{2000, true}), withExtended({2000, false}, true));
-  EXPECT_EQ((CanIdentifier{{}, true}), withExtended({}, true));
+TEST(CanIdentifiers, HaveElevenBitsOrTwentyNine) {
   EXPECT_EQ(536870911, largestOf(true));
   EXPECT_EQ(2047, largestOf(false));
 }

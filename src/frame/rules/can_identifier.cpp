@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frame/rules/can_identifier.h"
 
-#include <algorithm>
-
 namespace kelmar {
 
 namespace {
@@ -29,12 +27,6 @@ std::int32_t storedCanIdentifier(const CanIdentifier& identifier) {
 
 std::int32_t largestOf(bool extended) {
   return extended ? largestExtendedCanIdentifier : largestCanIdentifier;
-}
-
-CanIdentifier withExtended(CanIdentifier identifier, bool extended) {
-  identifier.extended = extended;
-  if (identifier.value) identifier.value = std::min(*identifier.value, largestOf(extended));
-  return identifier;
 }
 
 } // namespace kelmar

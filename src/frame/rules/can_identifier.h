@@ -24,7 +24,5 @@ std::int32_t storedCanIdentifier(const CanIdentifier& identifier);
 
 /// What the number may be.
 std::int32_t largestOf(bool extended);
-/// Another state of the box: a number that is too large for it becomes the largest one.
-CanIdentifier withExtended(CanIdentifier identifier, bool extended);
 
 } // namespace kelmar

@@ -31,6 +31,13 @@ FunctionItem* functionOf(const OmnikorLibXml& database) {
                             : nullptr;
 }
 
+/// The parameters hold the tool address in place of the identifier once it was read, as by a save.
+std::int32_t sendIdentifierOf(const TargetParamItem& parameters) {
+  const bool isToolAddress = !parameters.isDefaultValue(TargetParamItem::Tool) &&
+                             parameters.canXid == parameters.storedToolAddress();
+  return isToolAddress ? -1 : parameters.canXid;
+}
+
 /// The identifiers in the function are those of the file. The ones in the parameters serve where
 /// the function has none.
 std::int32_t identifierOf(const FunctionItem* function, std::int32_t FunctionItem::*identifier,
@@ -146,7 +153,7 @@ std::optional<EditParamFields> fieldsOf(const OmnikorLibXml& database) {
   fields.txMACAddress = parameters.MACAddress;
   fields.ComboTypePanne = parameters.TypePanne();
   const FunctionItem* function = functionOf(database);
-  fields.canXid = identifierOf(function, &FunctionItem::canXid, parameters.canXid);
+  fields.canXid = identifierOf(function, &FunctionItem::canXid, sendIdentifierOf(parameters));
   fields.canRid = identifierOf(function, &FunctionItem::canRid, parameters.canRid);
   return fields;
 }
