@@ -4,6 +4,8 @@
 
 #include "common/position_bits.h"
 #include "controls/colours.h"
+#include "controls/list_page.h"
+#include "controls/named.h"
 #include "desktop/qt_text.h"
 #include "language/multi_lang.h"
 
@@ -29,20 +31,7 @@ namespace {
 
 // Of the byte view, 0xBBGGRR or system colours.
 constexpr quint32 normalFore = 0x80000012u, normalBack = 0x8000000Fu;
-constexpr quint32 warningFore = 0xFFFFFF, warningBack = 0x0080FF;
-
-template <class Widget> Widget* named(const char* name, QWidget* parent) {
-  auto* widget = new Widget(parent);
-  widget->setObjectName(QLatin1String(name));
-  return widget;
-}
-
-QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
-  auto* label = named<QLabel>(name, parent);
-  label->setText(QLatin1String(text));
-  label->setBuddy(buddy);
-  return label;
-}
+constexpr quint32 warningFore = 0xFFFFFF;
 
 void setNumber(ZEMnumeric& field, double value) {
   // A number of a file, and an empty field, may lie outside what can be typed.
@@ -61,6 +50,8 @@ PositionPane::PositionPane(platform::Person& person, PositionHost& host, QWidget
   connect(LVposdata, &ListView::currentMoved, this, [this] {
     if (!filling_) rowChosen();
   });
+  connect(LVposdata, &ListView::clicked, this, [this] { rowClicked(); });
+  ComboData->installEventFilter(this);
   LVposdata->viewport()->installEventFilter(this);
   connect(LVposdata, &ListView::selectionMoved, this, [this] {
     if (!filling_) refreshCommands();
@@ -84,6 +75,7 @@ void PositionPane::makeControls() {
   TBPosData->setIconSize(QSize(20, 20));
   ComboData = named<QComboBox>("ComboData", this);
   ComboData->setMaxVisibleItems(20);
+  ComboData->setFocusPolicy(Qt::StrongFocus); // not by the wheel, which passes over it
   ComboData->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   ComboData->setMinimumContentsLength(18);
   // Thousands of names are not to be measured one by one.
@@ -175,6 +167,8 @@ void PositionPane::retranslate() {
   for (int column = 0; column < PositionColumns; ++column)
     LVposdata->setColumnWidth(column, std::max(LVposdata->columnWidth(column),
                                                LVposdata->header()->sectionSizeHint(column)));
+  setAdd(isAdding());
+  if (renewTexts() && isOutside()) host_.warnOutside(outsideWarning(host_.sentShown()));
 }
 
 void PositionPane::refreshDatas() {
@@ -189,7 +183,23 @@ void PositionPane::refreshDatas() {
   ComboData->setCurrentIndex(shown.isEmpty() ? -1 : ComboData->findText(shown));
 }
 
-PositionRow* PositionPane::rowOf(RowTag tag) const {
+void PositionPane::setLastDataName(const std::string& name) {
+  lastDataName_ = name;
+  shownName_.clear();
+}
+
+void PositionPane::setRows(std::vector<PositionRow> rows) {
+  rows_ = std::move(rows);
+  rowOfTag_.clear();
+  for (std::size_t row = 0; row < rows_.size(); ++row) rowOfTag_[rows_[row].position] = row;
+}
+
+bool PositionPane::isOutside() const {
+  return std::any_of(rows_.begin(), rows_.end(),
+                     [](const PositionRow& row) { return row.outside; });
+}
+
+const PositionRow* PositionPane::rowOf(RowTag tag) const {
   const auto found = rowOfTag_.find(tag);
   return found == rowOfTag_.end() ? nullptr : &rows_[found->second];
 }
@@ -207,8 +217,8 @@ void PositionPane::fillView(const RequestItem& request) {
 void PositionPane::setScreen_DataPos() {
   const EditState::Loading loading = edits_.load();
   const RequestItem* request = host_.activeRequest();
-  rows_.clear();
-  if (request) rows_ = positionRows(target(), *request, host_.sentShown());
+  setRows(request ? positionRows(target(), *request, host_.sentShown())
+                  : std::vector<PositionRow>());
   drawView();
   showRows();
 }
@@ -224,11 +234,9 @@ void PositionPane::drawView() {
   } else {
     DisplayRep->setNumberBytes(0);
   }
-  bool outside = false;
   for (const PositionRow& row : rows_) {
     const DataPositionItem& position = *row.position;
     const DataItem* item = position.data();
-    outside |= row.outside;
     if (!item || row.outside) continue;
     try {
       DisplayRep->AddData(item->NumberBits, position.StartOctet, position.StartBit,
@@ -237,9 +245,9 @@ void PositionPane::drawView() {
       // A data that starts where no bit is has no place on the view.
     }
   }
-  if (outside) {
+  if (isOutside()) {
     DisplayRep->setForeColor(warningFore);
-    DisplayRep->setBackColor(warningBack);
+    DisplayRep->setBackColor(warningOrange);
     host_.warnOutside(outsideWarning(host_.sentShown()));
   }
   DisplayRep->Refresh();
@@ -247,16 +255,19 @@ void PositionPane::drawView() {
 
 void PositionPane::showRows() {
   std::vector<RowTag> tags;
-  rowOfTag_.clear();
-  DataPositionItem* wanted = rows_.empty() ? nullptr : rows_.front().position;
+  DataPositionItem *wanted = nullptr, *last = nullptr;
   for (const PositionRow& row : rows_) {
-    rowOfTag_[row.position] = tags.size();
     tags.push_back(row.position);
-    if (row.position->dataName == lastDataName_) wanted = row.position;
+    if (row.position->dataName == shownName_) wanted = row.position;
+    if (row.position->dataName == lastDataName_) last = row.position;
   }
+  if (!wanted) wanted = last;
   {
     filling_ = true;
     LVposdata->rows().setRows(std::move(tags));
+    SortByHeader(*LVposdata);
+    if (!wanted && !rows_.empty())
+      wanted = static_cast<DataPositionItem*>(LVposdata->rows().tagAt(0));
     if (wanted) LVposdata->selectOnly(wanted);
     filling_ = false;
   }
@@ -272,8 +283,16 @@ void PositionPane::showRows() {
 void PositionPane::rowChosen() {
   if (auto* position = static_cast<DataPositionItem*>(LVposdata->currentTag())) {
     if (position != active_) choose(position);
+    chosenByPress_ = true;
   }
   refreshCommands();
+}
+
+/// A click chooses the current row too: its bits may be scrolled away, or another name chosen.
+void PositionPane::rowClicked() {
+  auto* position = static_cast<DataPositionItem*>(LVposdata->currentTag());
+  if (position && !chosenByPress_) choose(position);
+  chosenByPress_ = false;
 }
 
 void PositionPane::choose(DataPositionItem* position) {
@@ -281,7 +300,7 @@ void PositionPane::choose(DataPositionItem* position) {
   TestAndConfirmChangeDataPos();
   if (pending) renewRows();
   active_ = position;
-  lastDataName_ = position->dataName;
+  shownName_ = position->dataName;
   selectPreview();
   if (preview_) DisplayRep->SetVisibleByte(position->StartOctet);
   DisplayRep->Refresh();
@@ -290,14 +309,19 @@ void PositionPane::choose(DataPositionItem* position) {
   refreshCommands();
 }
 
+/// The rows as their items are, each at its place. False without a request.
+bool PositionPane::renewTexts() {
+  const RequestItem* request = host_.activeRequest();
+  if (!request) return false;
+  setRows(positionRows(target(), *request, host_.sentShown()));
+  LVposdata->rows().refreshAll();
+  return true;
+}
+
 /// What was typed has been taken over or dropped: rows and bits show which. The rows stay where
 /// they are, as one of them is being clicked.
 void PositionPane::renewRows() {
-  const RequestItem* request = host_.activeRequest();
-  if (!request) return;
-  for (PositionRow& row : positionRows(target(), *request, host_.sentShown()))
-    if (PositionRow* shown = rowOf(row.position)) *shown = std::move(row);
-  LVposdata->rows().refreshAll();
+  if (!renewTexts()) return;
   host_.refreshRequest();
   drawView();
 }
@@ -317,7 +341,15 @@ void PositionPane::selectPreview() {
 
 bool PositionPane::eventFilter(QObject* watched, QEvent* event) {
   // Asked before the list takes the press, as a box must not stand within it.
-  if (event->type() == QEvent::MouseButtonPress && watched == LVposdata->viewport()) settle();
+  if (event->type() == QEvent::MouseButtonPress && watched == LVposdata->viewport()) {
+    settle();
+    chosenByPress_ = false;
+  }
+  // Scrolling past the name must not choose another.
+  if (event->type() == QEvent::Wheel && watched == ComboData && !ComboData->hasFocus()) {
+    event->ignore();
+    return true;
+  }
   return QWidget::eventFilter(watched, event);
 }
 
@@ -349,9 +381,14 @@ void PositionPane::ClearDataPosScreen() {
   active_ = nullptr;
 }
 
-void PositionPane::leave() {
+void PositionPane::drop() {
   edits_.clear();
   ClearDataPosScreen();
+}
+
+void PositionPane::leave() {
+  drop();
+  shownName_.clear();
 }
 
 PositionFields PositionPane::fields() const {
@@ -366,6 +403,7 @@ void PositionPane::setAdd(bool add) {
   CBadd->setText(
       qs(add ? texts.getMultilangMessageDefault("Add", "REQUESTS/CONTROLS/CBadd/caption")
              : texts.getMultilangMessageDefault("Mod", "REQUESTS/MSG/CBadd/Mod/caption")));
+  refreshCommands();
 }
 
 void PositionPane::numberEdited(const ZEMnumeric& field, std::int32_t inItem) {
@@ -378,7 +416,7 @@ void PositionPane::OnDataPosEdited() {
   if (edits_.loading()) return;
   if (active_ && !edits_.changed()) {
     edits_.change();
-    host_.positionsChanged(0);
+    host_.positionsChanged(ListPage::Edited);
     refreshCommands();
   }
   PreviewDataPos();
@@ -439,8 +477,10 @@ void PositionPane::GetDataPosFromScreen() {
     ValStartOctet->commitText();
     ValStartBit->commitText();
   }
+  // A number that nobody touched stays that of the item, even outside of what can be typed.
   PositionFields taken = fields();
   taken.StartOctet = static_cast<std::int32_t>(ValStartOctet->value());
+  taken.StartBit = static_cast<std::int32_t>(ValStartBit->value());
   const RequestItem* request = host_.activeRequest();
   applyFields(taken, host_.sentShown(), *active_, request ? request->requestName : std::string(),
               person_);

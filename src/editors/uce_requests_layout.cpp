@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/colours.h"
+#include "controls/named.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "editors/rules/requests/request_rows.h"
@@ -23,19 +24,6 @@
 namespace kelmar {
 
 namespace {
-
-template <class Widget> Widget* named(const char* name, QWidget* parent) {
-  auto* widget = new Widget(parent);
-  widget->setObjectName(QLatin1String(name));
-  return widget;
-}
-
-QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
-  auto* label = named<QLabel>(name, parent);
-  label->setText(QLatin1String(text));
-  label->setBuddy(buddy);
-  return label;
-}
 
 QCheckBox* box(const char* name, const char* text, QWidget* parent) {
   auto* made = named<QCheckBox>(name, parent);

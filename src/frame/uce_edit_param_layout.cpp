@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/named.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "frame/uce_edit_param_parts.h"
@@ -23,19 +24,6 @@ namespace kelmar {
 using desktop::qs;
 
 namespace {
-
-template <class Widget> Widget* named(const char* name, QWidget* parent) {
-  auto* widget = new Widget(parent);
-  widget->setObjectName(QLatin1String(name));
-  return widget;
-}
-
-QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
-  auto* label = named<QLabel>(name, parent);
-  label->setText(QLatin1String(text));
-  label->setBuddy(buddy);
-  return label;
-}
 
 template <class Box> Box* box(const char* name, const char* text, QWidget* parent) {
   auto* made = named<Box>(name, parent);

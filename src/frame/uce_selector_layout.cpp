@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/command_table.h"
 #include "controls/icons.h"
+#include "controls/named.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "frame/ecu_selector.h"
@@ -32,19 +33,6 @@ namespace kelmar {
 using desktop::qs;
 
 namespace {
-
-template <class Widget> Widget* named(const char* name, QWidget* parent) {
-  auto* widget = new Widget(parent);
-  widget->setObjectName(QLatin1String(name));
-  return widget;
-}
-
-QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
-  auto* label = named<QLabel>(name, parent);
-  label->setText(QLatin1String(text));
-  label->setBuddy(buddy);
-  return label;
-}
 
 /// The label in front of a field is its accessible name, in the language of the moment.
 void nameByLabels(QWidget& page) {

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: the Kelmar developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QLabel>
+
+namespace kelmar {
+
+// What every layout is made of. Names and texts are ASCII.
+
+/// A control below `parent` with the object name by which the language file and tests find it.
+template <class Widget> Widget* named(const char* name, QWidget* parent) {
+  auto* widget = new Widget(parent);
+  widget->setObjectName(QLatin1String(name));
+  return widget;
+}
+
+/// The label in front of a control.
+inline QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
+  auto* label = named<QLabel>(name, parent);
+  label->setText(QLatin1String(text));
+  label->setBuddy(buddy);
+  return label;
+}
+
+} // namespace kelmar
