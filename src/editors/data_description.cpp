@@ -3,6 +3,7 @@
 #include "editors/data_description.h"
 
 #include "base/text.h"
+#include "desktop/document_text.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "editors/rules/datas/fiche.h"
@@ -91,7 +92,7 @@ frmDataDescription::frmDataDescription(const QString& title, const std::string& 
 
 std::string frmDataDescription::text() const {
   if (!editable_) return fiche_;
-  const std::string shown = u8(rtbDescription->toPlainText());
+  const std::string shown = u8(desktop::documentText(*rtbDescription->document()));
   // The field knows line feeds only; a text that was not touched keeps the ends that it has.
   return replaceAll(fiche_, "\r\n", "\n") == shown ? fiche_ : widenLineFeeds(shown);
 }

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "controls/colours.h"
 #include "controls/hourglass.h"
+#include "desktop/document_text.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "editors/rules/requests/request_rows.h"
@@ -18,9 +19,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 #include <QSplitter>
 #include <QTabBar>
+
+#include <utility>
 
 namespace kelmar {
 
@@ -29,8 +31,7 @@ using desktop::u8;
 
 namespace {
 
-constexpr std::uint32_t warningOrange = 0x0080FF; // 0xBBGGRR
-constexpr std::uint32_t changedBlue = 0xFF0000;
+constexpr std::uint32_t changedBlue = 0xFF0000; // 0xBBGGRR
 
 RequestItem& requestOf(RowTag tag) { return *static_cast<RequestItem*>(tag); }
 
@@ -67,19 +68,10 @@ UceRequests::~UceRequests() {
 
 void UceRequests::InitControl() {
   parts_->TSsendReceipt->setCurrentIndex(0);
-  desktop::TranslateControl(*this, language::global(), "REQUESTS/CONTROLS");
-  parts_->nameForReaders();
-  refreshCount();
-  parts_->ShowErrorMsg();
+  parts_->translate();
 }
 
-void UceRequests::setLang(const std::string&) {
-  InitControl();
-  if (active()) {
-    const EditState::Loading loading = edits().load();
-    parts_->positions->setScreen_DataPos();
-  }
-}
+void UceRequests::setLang(const std::string&) { parts_->translate(); }
 
 void UceRequests::displayDatas(OmnikorLibXml& database, const std::string&) {
   parts_->database = &database;
@@ -101,11 +93,12 @@ void UceRequests::setEditRequestName(const QString& name) {
   if (!chooseName(u8(name))) rememberName(u8(name));
 }
 
-QString UceRequests::EditDataName() const { return qs(parts_->positions->lastDataName()); }
+QString UceRequests::EditDataName() const { return qs(parts_->positions->dataName()); }
 
 void UceRequests::setEditDataName(const QString& name) {
   parts_->positions->setLastDataName(u8(name));
   const RequestItem* request = parts_->request();
+  parts_->sideWanted = !request;
   if (!request || !request->DataPositions) return;
   // The side on which the data lies comes to the front.
   if (const DataPositionItem* position = request->DataPositions->ItemName(u8(name));
@@ -144,9 +137,10 @@ void UceRequests::showItem(RowTag item) {
   parts.showControls(item ? fieldsOf(requestOf(item)) : RequestFields{});
   parts.showCaption();
   parts.FrameInfos->setEnabled(item != nullptr);
-  parts.positions->leave();
-  // The side of the data that is looked for comes to the front.
-  if (item && requestOf(item).DataPositions && !parts.positions->lastDataName().empty()) {
+  if (item == parts.shownItem) parts.positions->drop();
+  else parts.positions->leave();
+  parts.shownItem = item;
+  if (item && std::exchange(parts.sideWanted, false) && requestOf(item).DataPositions) {
     const auto* position =
         requestOf(item).DataPositions->ItemName(parts.positions->lastDataName());
     if (position && position->param != parts.sentShown()) {
@@ -161,11 +155,14 @@ void UceRequests::showItem(RowTag item) {
 
 void UceRequests::confirmedByClick(bool applied) {
   if (!applied) return;
-  // The row that is being clicked stays under the pointer.
-  const int top = list().verticalScrollBar()->value();
+  // All rows anew, each at its place: the one that is being clicked stays under the pointer, whatever
+  // the list is sorted by.
   parts_->forgetMarks();
-  fillList();
-  list().verticalScrollBar()->setValue(top);
+  list().rows().refreshAll();
+}
+
+bool UceRequests::hasPendingEdits() const {
+  return edits().changed() || parts_->positions->dataPosChanged();
 }
 
 void UceRequests::stateMoved() {
@@ -194,13 +191,22 @@ bool UceRequests::TestAndConfirmChange() {
     stateMoved();
     return false;
   }
-  if (const auto failure = parts_->GetRequestFromScreen())
+  if (const auto failure = parts_->GetRequestFromScreen()) {
+    parts_->goToBadFrame();
     ShowErrorBox(person(), language::global(), *failure);
+  }
   refreshActiveRow();
   emit OnSave(false);
   edits().clear();
   stateMoved();
   return true;
+}
+
+void UceRequests::Parts::translate() {
+  desktop::TranslateControl(page, language::global(), "REQUESTS/CONTROLS");
+  page.refreshCount();
+  ShowErrorMsg();
+  nameForReaders();
 }
 
 /// What has no caption of its own says what it is to those who listen.
@@ -216,7 +222,11 @@ void UceRequests::Parts::nameForReaders() {
 RequestFields UceRequests::Parts::readControls() const {
   ValLenData->commitText();
   ValShiftBytes->commitText();
-  return {.Commentaire = widenLineFeeds(u8(TextComment->toPlainText())),
+  return typedFields();
+}
+
+RequestFields UceRequests::Parts::typedFields() const {
+  return {.Commentaire = widenLineFeeds(u8(desktop::documentText(*TextComment->document()))),
           .AccesApresVente = CheckApresVente->isChecked(),
           .AccesConstructeur = CheckConstructeur->isChecked(),
           .AccesEtudes = CheckEtude->isChecked(),
@@ -225,8 +235,8 @@ RequestFields UceRequests::Parts::readControls() const {
           .DossierMaintenabilite = CheckReport->isChecked(),
           .LgVariable = CheckLgVariable->isChecked(),
           .ManuelSend = CheckManualSend->isChecked(),
-          .LengthDatas = static_cast<std::int32_t>(ValLenData->value()),
-          .ShiftBytesCount = static_cast<std::int32_t>(ValShiftBytes->value()),
+          .LengthDatas = static_cast<std::int32_t>(ValLenData->valueOfText()),
+          .ShiftBytesCount = static_cast<std::int32_t>(ValShiftBytes->valueOfText()),
           .RequestBytes = u8(TextReqBytes->text()),
           .ReplyBytes = u8(Rtemplate->text())};
 }
@@ -253,6 +263,16 @@ void UceRequests::Parts::showControls(const RequestFields& fields) {
 
 void UceRequests::Parts::edited() { page.SetChanged(Edited); }
 
+void UceRequests::Parts::applied(int kind) { applied(kind, page.edits().changed()); }
+
+/// A command has reached the items. What was typed beside it is as unsaved as before: marked again,
+/// it is asked about before it goes.
+void UceRequests::Parts::applied(int kind, bool pending) {
+  page.SetChanged(kind);
+  if (!pending || !request()) return;
+  if (positions->dataPosChanged() || typedFields() != fieldsOf(*request())) edited();
+}
+
 void UceRequests::Parts::frameEdited(QLineEdit& field) {
   if (page.edits().loading()) return;
   if (&field == TextReqBytes && LVrequests->selectedTags().empty()) return;
@@ -273,10 +293,14 @@ std::optional<Failure> UceRequests::Parts::GetRequestFromScreen() {
   if (!request()) return std::nullopt;
   const auto bad = applyFields(readControls(), *request());
   if (!bad) return std::nullopt;
-  const bool sent = bad->field == BadFrame::Field::RequestBytes;
+  badFrame = bad->field;
+  return bad->failure;
+}
+
+void UceRequests::Parts::goToBadFrame() {
+  const bool sent = badFrame == BadFrame::Field::RequestBytes;
   TSsendReceipt->setCurrentIndex(sent ? 0 : 1);
   (sent ? TextReqBytes : Rtemplate)->setFocus();
-  return bad->failure;
 }
 
 void UceRequests::Parts::ValidChange(bool toFile) {
@@ -286,6 +310,7 @@ void UceRequests::Parts::ValidChange(bool toFile) {
     positions->clearChanged();
   }
   if (const auto failure = GetRequestFromScreen()) {
+    goToBadFrame();
     ShowErrorBox(page.person(), language::global(), *failure);
     return;
   }
@@ -300,7 +325,7 @@ void UceRequests::Parts::ValidChange(bool toFile) {
 }
 
 void UceRequests::Parts::cancel() {
-  if (!request()) return;
+  if (!request() || !page.hasPendingEdits()) return;
   {
     const EditState::Loading loading = page.edits().load();
     page.showItem(page.active());
@@ -323,7 +348,7 @@ bool UceRequests::Parts::rename(RequestItem& item, const std::string& text) {
   renamed.insert(&item);
   showCaption();
   ShowErrorMsg();
-  page.SetChanged(Renamed);
+  applied(Renamed);
   return true;
 }
 
@@ -398,7 +423,10 @@ void UceRequests::Parts::refreshRequest() {
   ShowErrorMsg();
 }
 
-void UceRequests::Parts::positionsChanged(int kind) { page.SetChanged(kind); }
+void UceRequests::Parts::positionsChanged(int kind) {
+  if (kind == Edited) edited();
+  else applied(kind);
+}
 
 void UceRequests::Parts::help() {
   const QWidget* focus = QApplication::focusWidget();

@@ -63,6 +63,14 @@ TEST_F(DataDescription, PlainTextCanBeEdited) {
   EXPECT_EQ(dialog->result(), QDialog::Accepted);
 }
 
+TEST_F(DataDescription, NoBreakSpacesStay) {
+  open("a\u00A0:\r\nb");
+  EXPECT_EQ(dialog->text(), "a\u00A0:\r\nb");
+  QTest::keyClick(&text(), Qt::Key_End, Qt::ControlModifier);
+  type(text(), "c");
+  EXPECT_EQ(dialog->text(), "a\u00A0:\r\nbc");
+}
+
 TEST_F(DataDescription, CloseAndEscapeSaveNothing) {
   open("plain");
   retype(text(), "other");

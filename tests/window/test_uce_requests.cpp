@@ -102,6 +102,13 @@ TEST_F(UceRequestsPage, ANumberThatIsThatOfTheItemDoesNotMark) {
   EXPECT_EQ(recorder.take(), changed);
 }
 
+TEST_F(UceRequestsPage, ACommentKeepsItsNoBreakSpaces) {
+  control<QPlainTextEdit>(*page, "TextComment").setPlainText("a\u00A0:\nb");
+  tab(1);
+  key("valid");
+  EXPECT_EQ(the("Read").Commentaire, "a\u00A0:\r\nb");
+}
+
 TEST_F(UceRequestsPage, ABadFrameIsRefusedAtValidationAndTheCommentHasGoneThrough) {
   control<QPlainTextEdit>(*page, "TextComment").setPlainText("typed\nhere");
   retype(field("TextReqBytes"), "218");
