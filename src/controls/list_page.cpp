@@ -66,7 +66,7 @@ void ListPage::bindPageKeys() { new PageKeys(*this); }
 
 bool ListPage::eventFilter(QObject* watched, QEvent* event) {
   if (list_ && watched == list_->viewport() && event->type() == QEvent::MouseButtonPress &&
-      edits_.changed()) {
+      hasPendingEdits()) {
     // Asked before the list takes the press, as a box must not stand within it. The fields show the
     // item again, also when the click goes to the same row.
     const bool applied = TestAndConfirmChange();
@@ -156,12 +156,12 @@ void ListPage::refreshActiveRow() {
 
 void ListPage::choose(RowTag item) {
   const bool moves = item != active_;
-  if (moves && edits_.changed()) TestAndConfirmChange();
+  if (moves && hasPendingEdits()) TestAndConfirmChange();
   {
     const Raised filling(filling_);
     list_->selectOnly(item);
   }
-  if (list_->currentTag() == item && (moves || !edits_.changed())) makeActive(item);
+  if (list_->currentTag() == item && (moves || !hasPendingEdits())) makeActive(item);
 }
 
 RowTag ListPage::itemNamed(const std::string& name) const {

@@ -63,6 +63,8 @@ class ListPage : public Page {
   virtual std::string countText(int rows) const = 0;
   /// Shows the item in the fields; null empties them.
   virtual void showItem(RowTag item) = 0;
+  /// TestAndConfirmChange would ask. A page that has more than its own fields to ask about adds it.
+  virtual bool hasPendingEdits() const { return edits_.changed(); }
   /// A pending edit was asked about because of a click into the list; `applied` is what
   /// TestAndConfirmChange gave. The row that was clicked is chosen after it.
   virtual void confirmedByClick(bool applied) { static_cast<void>(applied); }
