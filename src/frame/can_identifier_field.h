@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QCheckBox;
+class QLineEdit;
 
 namespace kelmar {
 
@@ -33,13 +34,17 @@ class CanIdentifierField : public QWidget {
  private:
   void numberChanged();
   void extendedChanged(bool extended);
+  /// With the text as it stands, entered or not.
+  CanIdentifier identifierOfScreen() const;
+  void tellEdit();
   void showEmpty();
 
   ZEMnumeric* number_;
   QCheckBox* extended_;
+  const QLineEdit* textBox_; // of the number field
   bool showing_ = false; // code changes the controls
   bool unset_ = true;
-  bool zeroTyped_ = false;
+  CanIdentifier known_; ///< as shown, or as told by edited() last
 };
 
 } // namespace kelmar

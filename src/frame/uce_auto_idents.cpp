@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frame/uce_auto_idents.h"
 
+#include "controls/named.h"
 #include "desktop/clipboard.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
@@ -23,23 +24,6 @@ namespace kelmar {
 
 using desktop::qs;
 using desktop::u8;
-
-namespace {
-
-template <class Widget> Widget* named(const char* name, QWidget* parent) {
-  auto* widget = new Widget(parent);
-  widget->setObjectName(QLatin1String(name));
-  return widget;
-}
-
-QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
-  auto* label = named<QLabel>(name, parent);
-  label->setText(QLatin1String(text));
-  label->setBuddy(buddy);
-  return label;
-}
-
-} // namespace
 
 UceAutoIdents::UceAutoIdents(platform::Person& person, QWidget* parent)
     : QWidget(parent), person_(person), items_(std::make_shared<AutoIdentItems>()) {
@@ -82,7 +66,10 @@ void UceAutoIdents::makeControls() {
   txdHref = named<ShownField>("txdHref", this);
   rows->addWidget(txdHref);
 
-  connect(LVident, &ListView::currentMoved, this, [this] { showRow(); });
+  connect(LVident, &ListView::currentMoved, this, [this] {
+    showSearchResult({}, {});
+    showRow();
+  });
   connect(LVident, &QAbstractItemView::clicked, this, [this] {
     if (active()) showRow(); // the row that is shown already, too
   });
@@ -221,6 +208,7 @@ void UceAutoIdents::fillList(RowTag chosen) {
   for (AutoIdentItem* item : *items_) tags.push_back(item);
   LVident->rows().setRows(std::move(tags));
   if (chosen) LVident->selectOnly(chosen);
+  showSearchResult({}, {});
   showRow();
 }
 
@@ -234,8 +222,16 @@ void UceAutoIdents::showRow() {
   ValLogiciel->setText(qs(entry.ValLogiciel));
   ValVersion->setText(qs(entry.ValVersion));
   for (QLineEdit* field : {ValCodeFour, ValLogiciel, ValVersion}) field->setCursorPosition(0);
+  shown_ = entryOfScreen();
   refresh();
 }
+
+AutoIdentEntry UceAutoIdents::entryOfScreen() const {
+  return {static_cast<std::int32_t>(ValIndiceDiag->valueOfText()), u8(ValCodeFour->text()),
+          u8(ValLogiciel->text()), u8(ValVersion->text())};
+}
+
+bool UceAutoIdents::entryPending() const { return target() && entryOfScreen() != shown_; }
 
 void UceAutoIdents::refresh() {
   buttonAddNewAi->setEnabled(isAutoIdentCommandEnabled("buttonAddNewAi", state()));
@@ -245,8 +241,7 @@ void UceAutoIdents::refresh() {
 
 AutoIdentEntry UceAutoIdents::readEntry() const {
   ValIndiceDiag->commitText();
-  return {static_cast<std::int32_t>(ValIndiceDiag->value()), u8(ValCodeFour->text()),
-          u8(ValLogiciel->text()), u8(ValVersion->text())};
+  return entryOfScreen();
 }
 
 bool UceAutoIdents::checkEntry(const AutoIdentEntry& entry) {
@@ -271,6 +266,8 @@ bool UceAutoIdents::ApplyEntry() {
   } else {
     applyEntry(entry, *item);
     LVident->rows().refresh(item);
+    showSearchResult({}, {});
+    showRow();
   }
   emit OnChange();
   return true;
@@ -296,7 +293,8 @@ void UceAutoIdents::addNew() {
 
 void UceAutoIdents::cut() {
   const AutoIdentSelection items = selected();
-  if (items.empty() || !copy()) return;
+  if (items.empty()) return;
+  copy(); // rows that no clipboard can hold can go all the same: the person was told, and is asked
   constexpr char key[] = "AUTOIDENT/MSG/CutIdent/text";
   const CMultiLangEx& texts = language::global();
   const platform::Answer answer = person_.message(
@@ -313,14 +311,12 @@ void UceAutoIdents::cut() {
   emit OnChange();
 }
 
-bool UceAutoIdents::copy() {
-  if (selected().empty()) return false;
+void UceAutoIdents::copy() {
+  if (selected().empty()) return;
   try {
     desktop::setClipboardText(copyAutoIdents(selected()));
-    return true;
   } catch (const Failure& failure) {
     ShowErrorBox(person_, language::global(), failure);
-    return false;
   }
 }
 

@@ -46,6 +46,11 @@ class UceAutoIdents : public QWidget {
   void GetDataFromScreen();
   /// Code of the protocol that is chosen now; it decides which texts are allowed.
   void setProtocol(std::int32_t code) { protocol_ = code; }
+  /// The entry fields hold something else than what was shown in them.
+  bool entryPending() const;
+  /// The entry becomes the selected row, or a new one. False when it is refused; the person was
+  /// told why.
+  bool ApplyEntry();
   /// What a search has found: words, and the address of the file, empty without a match.
   void showSearchResult(const std::string& text, const std::string& href);
   /// The controls in the order in which they are read.
@@ -73,16 +78,16 @@ class UceAutoIdents : public QWidget {
   TargetItem* target() const { return database_ ? database_->ActiveTarget.get() : nullptr; }
   void fillList(RowTag chosen);
   void showRow();
+  AutoIdentEntry entryOfScreen() const;
+  /// The same, after what is being typed was taken for entered.
   AutoIdentEntry readEntry() const;
   /// True when the entry is good; else the box tells why not and the field has the focus.
   bool checkEntry(const AutoIdentEntry& entry);
-  bool ApplyEntry();
   void save();
   void cancel();
   void addNew();
   void cut();
-  /// False when nothing went to the clipboard.
-  bool copy();
+  void copy();
   void copyText();
   void paste();
   void check();
@@ -92,6 +97,7 @@ class UceAutoIdents : public QWidget {
   platform::Person& person_;
   OmnikorLibXml* database_ = nullptr;
   std::shared_ptr<AutoIdentItems> items_; ///< the copy
+  AutoIdentEntry shown_; ///< what was put into the entry fields
   std::int32_t protocol_ = 0;
   QToolBar* TBident = nullptr;
   ShownField *txtDatabase = nullptr, *txdHref = nullptr;

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "base/version.h"
 #include "controls/page_keys.h"
+#include "desktop/document_text.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "frame/rules/communication_protocol.h"
@@ -39,14 +40,6 @@ void select(QComboBox& list, const std::string& text) { list.setCurrentIndex(lis
 void setText(QLineEdit& field, const std::string& text) {
   field.setText(qs(text));
   field.setCursorPosition(0);
-}
-
-/// As typed; the field itself would give a blank for a no-break space.
-QString textOf(const QPlainTextEdit& field) {
-  QString text = field.document()->toRawText();
-  for (const QChar::SpecialCharacter end : {QChar::ParagraphSeparator, QChar::LineSeparator})
-    text.replace(end, QLatin1Char('\n'));
-  return text;
 }
 
 } // namespace
@@ -99,17 +92,17 @@ void UceEditParam::DisplayParam(OmnikorLibXml& database) {
 void UceEditParam::GetDataFromScreen() {
   Parts& parts = *parts_;
   if (!parts.target()) return;
+  const EditState::Loading loading = parts.edits.load();
   EditParamFields fields = parts.readControls();
   applyFields(fields, *parts.database);
   parts.UceAutoIdents1->GetDataFromScreen();
-  const EditState::Loading loading = parts.edits.load();
   setText(*parts.txIPAddress, fields.txIPAddress);
   setText(*parts.txMACAddress, fields.txMACAddress);
 }
 
 bool UceEditParam::TestAndConfirmChange() {
   Parts& parts = *parts_;
-  if (!parts.edits.changed()) return false;
+  if (!parts.edits.changed() && !parts.UceAutoIdents1->entryPending()) return false;
   constexpr char key[] = "PARAMS/MSG/modifyParameters/text";
   const CMultiLangEx& texts = language::global();
   const platform::Answer answer = parts.person.message(
@@ -119,12 +112,14 @@ bool UceEditParam::TestAndConfirmChange() {
        texts.getMultilangMessageDefault("Parameters changed, save change ?", key),
        platform::Buttons::YesNo, platform::Icon::Question});
   if (answer != platform::Answer::Yes) {
-    parts.edits.clear();
+    // What is typed goes too: a field that is left by leaving the page would take it for entered.
+    DisplayParam(*parts.database);
     emit OnCancel();
     return false;
   }
-  // The page is being left: all but the bad number is kept.
+  // The page is being left: all but the bad number and the bad entry is kept.
   if (QLineEdit* bad = parts.firstBadNumber()) parts.tellInvalid(*bad);
+  if (parts.UceAutoIdents1->entryPending()) parts.UceAutoIdents1->ApplyEntry();
   GetDataFromScreen();
   parts.edits.clear();
   emit OnSave(true);
@@ -307,7 +302,8 @@ std::string UceEditParam::Parts::readDate() const {
 EditParamFields UceEditParam::Parts::readControls() {
   EditParamFields fields = shown;
   fields.txtEmail = u8(txtEmail->text());
-  if (Comment->document()->isModified()) fields.Comment = widenLineFeeds(u8(textOf(*Comment)));
+  if (Comment->document()->isModified())
+    fields.Comment = widenLineFeeds(u8(desktop::documentText(*Comment->document())));
   fields.KW1 = u8(KW1->text());
   fields.KW2 = u8(KW2->text());
   fields.ComboTypeCom = ComboTypeCom->currentIndex() + 1;
@@ -358,7 +354,7 @@ void UceEditParam::Parts::numberBoxToggled(std::size_t number, bool checked) {
 }
 
 void UceEditParam::Parts::edited() {
-  if (edits.loading()) return;
+  if (edits.loading() || !target()) return;
   edits.change(fieldsChanged);
   emit page.OnChange();
 }
@@ -384,6 +380,8 @@ void UceEditParam::Parts::tellInvalid(QLineEdit& field) {
 void UceEditParam::Parts::save() {
   if (!target()) return;
   if (QLineEdit* bad = firstBadNumber()) return tellInvalid(*bad);
+  // What stands in the entry fields is on the page too.
+  if (UceAutoIdents1->entryPending() && !UceAutoIdents1->ApplyEntry()) return;
   page.GetDataFromScreen();
   edits.clear();
   emit page.OnSave(true);

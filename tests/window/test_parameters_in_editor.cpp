@@ -23,6 +23,8 @@
 #include <QToolButton>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 using namespace kelmar;
 using namespace kelmar::support;
 using desktop::u8;
@@ -101,6 +103,42 @@ TEST_F(ParametersInEditor, AreAskedAboutWhenTheTabIsLeft) {
                 platform::Icon::Question, platform::Answer::Yes);
   goTo(0);
   EXPECT_NE(bytesOf(site.engine()).find("email=\"c@d.example\""), std::string::npos);
+}
+
+TEST_F(ParametersInEditor, ThatCouldNotBeSavedAreAskedAboutBeforeAnotherEcuOpens) {
+  retype(field("txtEmail"), "a@b.example");
+  const std::string vehicles = site.file("vehicles/Tern"), away = site.file("vehicles/Away");
+  std::filesystem::rename(vehicles, away);
+  person.expect("SELECTOR/MSG/fileSaveError/text", "Save error",
+                "File '" + site.engine() + "' badly saved. Check disk size, name, ...",
+                platform::Buttons::Ok, platform::Icon::Critical, platform::Answer::Ok);
+  press(field("txtEmail"), Qt::Key_S, Qt::ControlModifier);
+  std::filesystem::rename(away, vehicles);
+  EXPECT_TRUE(editor->saveNeeded());
+  EXPECT_EQ(caption(0), "ECU - Not saved -");
+  goTo(0);
+  person.expect("", "Confirm save", "Engine change.\r\nSave Change ? ", platform::Buttons::YesNo,
+                platform::Icon::Question, platform::Answer::Yes);
+  emit editor->selector().CheckIfSaveNeeded();
+  EXPECT_NE(bytesOf(site.engine()).find("email=\"a@b.example\""), std::string::npos);
+  EXPECT_EQ(caption(0), "ECU");
+}
+
+TEST_F(ParametersInEditor, LeaveNoMarkBehindWhenTheirChangesAreDropped) {
+  QLineEdit& identifier = control<QLineEdit>(controlNamed(page(), "canXid"), "TextNum");
+  const std::string before = bytesOf(site.engine());
+  retype(identifier, "FFF");
+  EXPECT_EQ(caption(1), "Parameters *");
+  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
+                "Parameters changed, save change ?", platform::Buttons::YesNo,
+                platform::Icon::Question, platform::Answer::No);
+  goTo(0);
+  EXPECT_EQ(caption(1), "Parameters");
+  goTo(1);
+  EXPECT_EQ(u8(identifier.text()), "7E0");
+  EXPECT_EQ(caption(1), "Parameters");
+  goTo(0);
+  EXPECT_EQ(bytesOf(site.engine()), before);
 }
 
 TEST_F(ParametersInEditor, ASearchShowsItsResultAndFillsTheSearchPanel) {

@@ -75,6 +75,7 @@ class UceAutoIdentsPage : public testing::Test {
     return u8(diag().text() + " " + field("ValCodeFour").text() + " " +
               field("ValLogiciel").text() + " " + field("ValVersion").text());
   }
+  std::string result() { return u8(control<QLabel>(*page, "lbResult").text()); }
   std::string stored() {
     std::string all;
     for (const AutoIdentItem* item : *target().AutoIdents)
@@ -86,6 +87,10 @@ class UceAutoIdentsPage : public testing::Test {
     person.expect("AUTOIDENT/MSG/CutIdent/text", "Confirm delete",
                   "Do you really want to delete selected data ?", Buttons::YesNo, Icon::Question,
                   answer);
+  }
+  void expectLeaving(Answer answer) {
+    person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
+                  "Parameters changed, save change ?", Buttons::YesNo, Icon::Question, answer);
   }
   void choose(const char* entryName) {
     emit list().customContextMenuRequested(list().visualRect(list().currentIndex()).center());
@@ -181,6 +186,57 @@ TEST_F(UceAutoIdentsPage, TheProtocolOfTheScreenDecidesWhatIsAllowed) {
   EXPECT_EQ(stored(), "4 Supplier name SW-1 \n10 ABC 0001 0002\n");
 }
 
+TEST_F(UceAutoIdentsPage, SavingThePageTakesATypedEntryAlong) {
+  fill("11", "NEW", "0003", "0004");
+  EXPECT_EQ(recorder.take(), Events{});
+  press(field("txtEmail"), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(recorder.take(), (Events{"UceEditParam1.OnChange()", "UceEditParam1.OnSave(true)"}));
+  EXPECT_EQ(stored(), "11 NEW 0003 0004\n10 ABC 0001 0002\n");
+  press(field("txtEmail"), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(recorder.take(), (Events{"UceEditParam1.OnSave(true)"}));
+}
+
+TEST_F(UceAutoIdentsPage, ABadEntryStopsTheSaveOfThePage) {
+  retype(field("ValLogiciel"), "xyz");
+  person.expect("AUTOIDENT/MSG/CheckUserInput/badSoftware/text", "User error",
+                "Bad software name: 4 hexadecimal characters required", Buttons::Ok,
+                Icon::Exclamation, Answer::Ok);
+  press(field("txtEmail"), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(recorder.take(), Events{});
+  EXPECT_TRUE(field("ValLogiciel").hasFocus());
+}
+
+TEST_F(UceAutoIdentsPage, LeavingAsksAboutATypedEntry) {
+  retype(diag(), "12");
+  expectLeaving(Answer::No);
+  EXPECT_FALSE(page->TestAndConfirmChange());
+  EXPECT_EQ(recorder.take(), (Events{"UceEditParam1.OnCancel()"}));
+  EXPECT_EQ(entry(), "4 OKN 0A12 0100");
+  retype(field("ValCodeFour"), "NEW");
+  expectLeaving(Answer::Yes);
+  EXPECT_TRUE(page->TestAndConfirmChange());
+  EXPECT_EQ(stored(), "4 NEW 0A12 0100\n10 ABC 0001 0002\n");
+  EXPECT_FALSE(page->TestAndConfirmChange());
+}
+
+TEST_F(UceAutoIdentsPage, LeavingWithABadEntryKeepsAllButThatOne) {
+  retype(field("txtEmail"), "x");
+  retype(field("ValVersion"), "1");
+  expectLeaving(Answer::Yes);
+  person.expect("AUTOIDENT/MSG/CheckUserInput/badSoftwareVersion/text", "User error",
+                "Bad software version: 4 hexadecimal characters required", Buttons::Ok,
+                Icon::Exclamation, Answer::Ok);
+  EXPECT_TRUE(page->TestAndConfirmChange());
+  EXPECT_EQ(target().Email(), "x");
+  EXPECT_EQ(stored(), "4 OKN 0A12 0100\n10 ABC 0001 0002\n");
+}
+
+TEST_F(UceAutoIdentsPage, ANumberOutsideTheRangeIsNoTypedEntry) {
+  target().AutoIdents->Item(1)->DiagNumber = 300;
+  page->DisplayParam(database);
+  EXPECT_FALSE(page->TestAndConfirmChange());
+}
+
 TEST_F(UceAutoIdentsPage, AddMakesARowThatWaitsForSave) {
   fill("12", "NEW", "0003", "0004");
   recorder.take();
@@ -189,8 +245,7 @@ TEST_F(UceAutoIdentsPage, AddMakesARowThatWaitsForSave) {
   EXPECT_EQ(list().rows().rowCount(), 3);
   EXPECT_EQ(entry(), "12 NEW 0003 0004");
   EXPECT_EQ(target().AutoIdents->Count(), 2);
-  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
-                "Parameters changed, save change ?", Buttons::YesNo, Icon::Question, Answer::Yes);
+  expectLeaving(Answer::Yes);
   EXPECT_TRUE(page->TestAndConfirmChange());
   EXPECT_EQ(target().AutoIdents->Count(), 3);
 }
@@ -215,8 +270,7 @@ TEST_F(UceAutoIdentsPage, CancelLeavesWhatIsPendingInTheFields) {
   EXPECT_EQ(recorder.take(), Events{});
   EXPECT_EQ(u8(field("txtEmail").text()), "x");
   EXPECT_EQ(list().rows().rowCount(), 2);
-  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
-                "Parameters changed, save change ?", Buttons::YesNo, Icon::Question, Answer::No);
+  expectLeaving(Answer::No);
   EXPECT_FALSE(page->TestAndConfirmChange());
 }
 
@@ -263,6 +317,57 @@ TEST_F(UceAutoIdentsPage, TheMenuCopiesTextAndOpensHelp) {
                                      "UceEditParam1.help(identification, )"}));
 }
 
+TEST_F(UceAutoIdentsPage, ACutIsAskedAboutAlsoWhenTheRowsCannotBeCopied) {
+  target().AutoIdents->Item(1)->SupplierCode = "A\x01";
+  page->DisplayParam(database);
+  std::string why;
+  try {
+    copyAutoIdents({target().AutoIdents->Item(1)});
+  } catch (const Failure& failure) {
+    why = "Error # " + std::to_string(failure.number) + "\r\n" + failure.text;
+  }
+  const auto expectNoCopy = [&] {
+    person.expect("GENERIC/error/text", "Error", why, Buttons::Ok, Icon::Critical, Answer::Ok);
+  };
+  expectNoCopy();
+  expectDelete(Answer::No);
+  key("cut");
+  EXPECT_EQ(list().rows().rowCount(), 2);
+  expectNoCopy();
+  expectDelete(Answer::Yes);
+  key("cut");
+  EXPECT_EQ(list().rows().rowCount(), 1);
+}
+
+TEST_F(UceAutoIdentsPage, ACopiedCellWithALineBreakIsTold) {
+  target().AutoIdents->Item(1)->Soft = "two\nlines";
+  page->DisplayParam(database);
+  choose("PopupAiCopyText");
+  EXPECT_EQ(result(), "A copied cell holds a line break or a tab: pasted back, it will not be the "
+                      "same.");
+  clickRow(list(), 1);
+  choose("PopupAiCopyText");
+  EXPECT_EQ(result(), "");
+}
+
+TEST_F(UceAutoIdentsPage, AResultGoesWithTheRowThatItTellsOf) {
+  const auto search = [&] {
+    idents().showSearchResult("No match", "");
+    EXPECT_EQ(result(), "No match");
+  };
+  search();
+  clickRow(list(), 1);
+  EXPECT_EQ(result(), "");
+  search();
+  retype(field("ValCodeFour"), "NEW");
+  key("save");
+  EXPECT_EQ(result(), "");
+  search();
+  expectDelete(Answer::Yes);
+  key("cut");
+  EXPECT_EQ(result(), "");
+}
+
 TEST_F(UceAutoIdentsPage, WithoutAnEcuEverythingIsEmptyAndOff) {
   database.ClearTarget();
   page->DisplayParam(database);
@@ -270,6 +375,8 @@ TEST_F(UceAutoIdentsPage, WithoutAnEcuEverythingIsEmptyAndOff) {
   for (const char* name : {"save", "cancel", "cut", "copy", "paste", "check"})
     EXPECT_FALSE(button(name).isEnabled()) << name;
   EXPECT_FALSE(control<QGroupBox>(*page, "FRidentVal").isEnabled());
+  EXPECT_EQ(entry(), "0   ");
+  EXPECT_FALSE(page->TestAndConfirmChange());
 }
 
 } // namespace

@@ -146,6 +146,33 @@ TEST_F(UceEditParamPage, EveryFieldChangeIsTold) {
   EXPECT_EQ(changes(), 3u);
 }
 
+TEST_F(UceEditParamPage, EveryFieldChangeOfThePanelsIsTold) {
+  type(field("KW2"), "1");
+  EXPECT_EQ(changes(), 1u);
+  for (const char* name : {"BaudRate", "ErrorDelay", "FirstRequest", "InterByte", "KW2",
+                           "KW2Timeout", "ReplyToRequest", "RequestToReplyTimeout",
+                           "TesterPresent"}) {
+    click(usable<QCheckBox>(*page, QStringLiteral("Check") + QLatin1String(name)));
+    EXPECT_EQ(changes(), 1u) << name;
+    type(control<QLineEdit>(*page, QStringLiteral("Text") + QLatin1String(name)), "1");
+    EXPECT_EQ(changes(), 1u) << name;
+  }
+  chooseProtocol(5);
+  recorder.take();
+  click(usable<QCheckBox>(*page, "CheckCGW"));
+  EXPECT_EQ(changes(), 1u);
+  press(list("ComboMaxDataLangthCANFD"), Qt::Key_Up);
+  EXPECT_EQ(changes(), 1u);
+  type(textOf(number("canXid")), "7");
+  EXPECT_EQ(changes(), 1u);
+  click(usable<QCheckBox>(*page, "canXidExtented"));
+  EXPECT_EQ(changes(), 1u);
+  chooseProtocol(8);
+  recorder.take();
+  press(list("ComboBaudRate"), Qt::Key_Up);
+  EXPECT_EQ(changes(), 1u);
+}
+
 TEST_F(UceEditParamPage, PanelsFollowTheProtocol) {
   const auto shown = [&] {
     std::string names;
@@ -283,6 +310,18 @@ TEST_F(UceEditParamPage, LeavingAsksOnlyAfterAChange) {
   EXPECT_EQ(target().Email(), "y");
 }
 
+TEST_F(UceEditParamPage, DroppedChangesAreGoneFromTheScreen) {
+  chooseProtocol(7);
+  retype(textOf(number("canXid")), "FFF");
+  recorder.take();
+  expectQuestion(Answer::No);
+  EXPECT_FALSE(page->TestAndConfirmChange());
+  page->hide();
+  EXPECT_EQ(recorder.take(), (Events{"UceEditParam1.OnCancel()"}));
+  EXPECT_EQ(list("ComboTypeCom").currentData().toInt(), 4);
+  EXPECT_FALSE(page->TestAndConfirmChange());
+}
+
 TEST_F(UceEditParamPage, LeavingWithABadNumberKeepsAllButThatOne) {
   click(usable<QCheckBox>(*page, "CheckErrorDelay"));
   retype(field("txtEmail"), "x");
@@ -351,6 +390,42 @@ TEST_F(UceEditParamPage, AnUnsetIdentifierStaysUnsetUntilOneIsTyped) {
   key("save");
   EXPECT_EQ(parameters().canXid, 0);
   EXPECT_EQ(parameters().canRid, -1);
+}
+
+TEST_F(UceEditParamPage, AnEmptiedIdentifierIsUnset) {
+  chooseProtocol(7);
+  type(textOf(number("canXid")), "7");
+  retype(textOf(number("canXid")), "");
+  press(number("canXid"), Qt::Key_Tab);
+  EXPECT_EQ(u8(number("canXid").text()), "");
+  retype(textOf(number("canRid")), "7E8");
+  key("save");
+  EXPECT_EQ(parameters().canXid, -1);
+  EXPECT_EQ(parameters().canRid, 0x7E8);
+  showAgain();
+  retype(textOf(number("canRid")), "");
+  EXPECT_EQ(changes(), 1u);
+  key("save");
+  EXPECT_EQ(u8(number("canRid").text()), "");
+  EXPECT_EQ(parameters().canRid, -1);
+  EXPECT_EQ(database.functions->ItemAddress(122)->canRid, -1);
+  press(textOf(number("canRid")), Qt::Key_Up); // from nothing
+  EXPECT_EQ(u8(number("canRid").text()), "1");
+}
+
+TEST_F(UceEditParamPage, LookingAtAnIdentifierInTheOtherBaseIsNoChange) {
+  parameters().canXid = 0x7E0;
+  chooseProtocol(7);
+  showAgain();
+  chooseProtocol(7);
+  recorder.take();
+  press(number("canXid"), Qt::Key_H);
+  EXPECT_EQ(u8(number("canXid").text()), "2016");
+  press(number("canRid"), Qt::Key_H);
+  EXPECT_EQ(u8(number("canRid").text()), "");
+  EXPECT_EQ(recorder.take(), Events{});
+  retype(textOf(number("canXid")), "2017");
+  EXPECT_GT(changes(), 0u);
 }
 
 TEST_F(UceEditParamPage, PlaceholdersOfIpBecomeAddressesOnScreenToo) {
