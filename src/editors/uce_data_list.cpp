@@ -63,7 +63,8 @@ void UceDataList::makeControls() {
        .look =
            [this](RowTag tag) {
              RowLook look;
-             if (data_) look.toolTip = hexTip(static_cast<ValueRow*>(tag)->value, data_->NumberBits);
+             const std::int32_t value = static_cast<ValueRow*>(tag)->value;
+             if (data_) look.toolTip = hexTip(value, data_->NumberBits);
              return look;
            }},
       this);
@@ -113,22 +114,20 @@ void UceDataList::makeControls() {
 }
 
 void UceDataList::makeCommands() {
-  const auto state = [this] {
-    return valueListControls({data_ != nullptr, int(selectedRows().size()), itemChanged_});
-  };
+  const auto may = [this] { return valueListControls(state()); };
   std::vector<Command> table{
       {.key = "cancel", .toolTip = "Cancel changes", .icon = "cancel",
-       .run = [this] { showRow(shown_); }, .enabled = [state] { return state().cancel; }},
+       .run = [this] { showRow(shown_); }, .enabled = [may] { return may().cancel; }},
       {.key = "save", .toolTip = "Valid changes", .icon = "valid",
-       .run = [this] { changeItem(); }, .enabled = [state] { return state().save; }},
+       .run = [this] { changeItem(); }, .enabled = [may] { return may().save; }},
       {.key = "cut", .toolTip = "Cut selected items (Ctrl X)", .icon = "cut",
-       .run = [this] { cut(); }, .enabled = [state] { return state().cut; },
+       .run = [this] { cut(); }, .enabled = [may] { return may().cut; },
        .shortcuts = {QKeySequence(QKeySequence::Cut), QKeySequence(Qt::Key_Delete)}},
       {.key = "copy", .toolTip = "Copy selected items to clipboard (Ctrl C)", .icon = "copy",
-       .run = [this] { copy(false); }, .enabled = [state] { return state().copy; },
+       .run = [this] { copy(false); }, .enabled = [may] { return may().copy; },
        .shortcuts = {QKeySequence(QKeySequence::Copy)}},
       {.key = "paste", .toolTip = "Paste items from clipboard (Ctrl V)", .icon = "paste",
-       .run = [this] { paste(); }, .enabled = [state] { return state().paste; },
+       .run = [this] { paste(); }, .enabled = [may] { return may().paste; },
        .shortcuts = {QKeySequence(QKeySequence::Paste)}},
       {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVmain); },
        .shortcuts = {QKeySequence(QKeySequence::SelectAll)}}};
@@ -172,8 +171,7 @@ void UceDataList::applyRange() {
 bool UceDataList::eventFilter(QObject* watched, QEvent* event) {
   // Asked before the list takes the press, as a box must not stand within it. The fields show the
   // row again, also when the click goes to the same one.
-  if (watched == LVmain->viewport() && event->type() == QEvent::MouseButtonPress && itemChanged_ &&
-      shown_) {
+  if (watched == LVmain->viewport() && event->type() == QEvent::MouseButtonPress && hasTyping()) {
     TestAndConfirmChange();
     showRow(shown_);
   }
@@ -199,8 +197,14 @@ void UceDataList::SaveDataItems() {
   }
 }
 
-bool UceDataList::TestAndConfirmChange() {
-  if (!itemChanged_ || !shown_) return false;
+bool UceDataList::hasTyping() const {
+  if (!data_ || !itemChanged_) return false;
+  // A number alone, without a text, is no value that could be added.
+  return shown_ || !info_.empty() || !ValText->text().trimmed().isEmpty();
+}
+
+UceDataList::Typed UceDataList::askTyping() {
+  if (!hasTyping()) return Typed::Nothing;
   constexpr char changedKey[] = "DATALIST/MSG/TestAndConfirmChange/text";
   const CMultiLangEx& texts = language::global();
   const platform::Box question{
@@ -208,16 +212,32 @@ bool UceDataList::TestAndConfirmChange() {
       texts.getMultilangMessageDefault("Confirm", "DATALIST/MSG/TestAndConfirmChange/title"),
       texts.getMultilangMessageDefault("Item has been modified. Save change ?", changedKey),
       platform::Buttons::YesNo, platform::Icon::Question};
-  const bool applied = person_.message(question) == platform::Answer::Yes && changeItem();
-  itemChanged_ = false;
-  refresh();
-  return applied;
+  if (person_.message(question) != platform::Answer::Yes) {
+    showRow(shown_);
+    return Typed::Dropped;
+  }
+  return (shown_ ? changeItem() : addNew()) ? Typed::Taken : Typed::Refused;
 }
+
+bool UceDataList::TestAndConfirmChange() {
+  const Typed typed = askTyping();
+  if (typed == Typed::Nothing) return false;
+  if (typed == Typed::Refused) showRow(shown_);
+  CBaddNew->setEnabled(true); // until the next row is shown, on purpose
+  return typed == Typed::Taken;
+}
+
+bool UceDataList::finishTyping() { return askTyping() != Typed::Refused; }
 
 std::vector<ValueRow*> UceDataList::selectedRows() const {
   std::vector<ValueRow*> rows;
   for (const RowTag tag : LVmain->selectedTags()) rows.push_back(static_cast<ValueRow*>(tag));
   return rows;
+}
+
+ValueListState UceDataList::state() const {
+  // One selected row means the same as many, and these need not be counted at every key.
+  return {data_ != nullptr, LVmain->selectionModel()->hasSelection() ? 1 : 0, itemChanged_};
 }
 
 ValueRow* UceDataList::currentRow() const { return static_cast<ValueRow*>(LVmain->currentTag()); }
@@ -244,7 +264,7 @@ void UceDataList::showRow(ValueRow* row) {
 }
 
 void UceDataList::fieldChanged() {
-  if (loading_) return;
+  if (loading_ || itemChanged_) return;
   itemChanged_ = true;
   refresh();
 }
@@ -252,8 +272,7 @@ void UceDataList::fieldChanged() {
 void UceDataList::refresh() {
   if (!commands_) return;
   commands_->refresh();
-  CBaddNew->setEnabled(
-      valueListControls({data_ != nullptr, int(selectedRows().size()), itemChanged_}).CBaddNew);
+  CBaddNew->setEnabled(valueListControls(state()).CBaddNew);
   Infos->setEnabled(data_ != nullptr);
 }
 
@@ -268,10 +287,10 @@ bool UceDataList::changeItem() {
   return true;
 }
 
-void UceDataList::addNew() {
+bool UceDataList::addNew() {
   ValRange->commitText();
   ValueRow* added = values_.add(toInt32(ValRange->value()), u8(ValText->text()), info_, person_);
-  if (!added) return;
+  if (!added) return false;
   loading_ = true;
   // Without a current row either: a click on the one that was current is to show it again.
   LVmain->selectionModel()->clear();
@@ -281,6 +300,7 @@ void UceDataList::addNew() {
   showRow(nullptr);
   ValRange->setFocus();
   tellChange();
+  return true;
 }
 
 void UceDataList::editInfo() {
@@ -295,6 +315,9 @@ void UceDataList::editInfo() {
 void UceDataList::cut() {
   const std::vector<ValueRow*> rows = selectedRows();
   if (rows.empty()) return;
+  // What stands in the fields of a row that goes is asked about with the row.
+  const bool typingGoes = shown_ && std::find(rows.begin(), rows.end(), shown_) != rows.end();
+  if (!typingGoes && !finishTyping()) return;
   try {
     const std::string text = copyValues(rows);
     if (!values_.cut(rows, person_)) return;
@@ -311,14 +334,16 @@ void UceDataList::copy(bool asText) {
   const std::vector<ValueRow*> rows = selectedRows();
   if (rows.empty()) return;
   try {
-    desktop::setClipboardText(asText ? copyValuesText(rows) : copyValues(rows));
+    bool broken = false;
+    desktop::setClipboardText(asText ? copyValuesText(rows, broken) : copyValues(rows));
+    emit textCopied(broken);
   } catch (const Failure& failure) {
     ShowErrorBox(person_, language::global(), failure);
   }
 }
 
 void UceDataList::paste() {
-  if (!data_ || !values_.paste(desktop::clipboardText(), person_)) return;
+  if (!data_ || !finishTyping() || !values_.paste(desktop::clipboardText(), person_)) return;
   fillRows(nullptr);
   tellChange();
 }
@@ -326,7 +351,7 @@ void UceDataList::paste() {
 void UceDataList::tellChange() { emit listChanged(); }
 
 std::vector<MenuEntry> UceDataList::menu() const {
-  const bool some = !selectedRows().empty();
+  const bool some = LVmain->selectionModel()->hasSelection();
   return {{"PopupRcut", textOf({"DATALIST/CONTROLS/PopupRcut/caption", "Cut"}),
            MenuEntry::Kind::Command, some},
           {"PopupRcopy", textOf({"DATALIST/CONTROLS/PopupRcopy/caption", "Copy"}),

@@ -34,13 +34,22 @@ class UceDataList : public QWidget {
   /// The rows as they are now become the value list of the data. A value or label that a file
   /// brought twice is kept once, and a box says so.
   void SaveDataItems();
-  /// Asks about a changed item that was not taken over. True when it was.
+  /// What was typed is neither in a row yet nor dropped.
+  bool hasTyping() const;
+  /// Asks about what was typed and is not in a row yet; Yes changes the row in the fields, or adds
+  /// one when there is none. What cannot be taken is told, and dropped then. True when it was
+  /// taken.
   bool TestAndConfirmChange();
+  /// The same for a command that can wait: what cannot be taken stays in the fields to be mended,
+  /// and the answer is false.
+  bool finishTyping();
   void InitControl();
   void setLang(const std::string& lang);
 
  signals:
   void listChanged();
+  /// Text was copied; `broken` when it does not read back as it is.
+  void textCopied(bool broken);
   /// The help of the value list is asked for.
   void help();
 
@@ -53,6 +62,7 @@ class UceDataList : public QWidget {
   std::vector<MenuEntry> menu() const;
   void chosen(const MenuEntry& entry);
   std::vector<ValueRow*> selectedRows() const;
+  ValueListState state() const;
   ValueRow* currentRow() const;
   void fillRows(ValueRow* current);
   void rowChosen();
@@ -60,8 +70,10 @@ class UceDataList : public QWidget {
   void applyRange();
   void fieldChanged();
   void refresh();
+  enum class Typed { Nothing, Taken, Dropped, Refused };
+  Typed askTyping();
   bool changeItem();
-  void addNew();
+  bool addNew();
   void editInfo();
   void cut();
   void copy(bool asText);

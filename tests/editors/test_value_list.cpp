@@ -3,7 +3,10 @@
 #include "editors/rules/datas/value_list.h"
 #include "support/scripted_person.h"
 
+#include <ctime>
+#include <functional>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace kelmar {
 namespace {
@@ -108,7 +111,12 @@ TEST_F(ValueListTest, XmlComesBackWithItsInfo) {
 }
 
 TEST_F(ValueListTest, TextHasValueAndLabel) {
-  EXPECT_EQ(copyValuesText({&row(0), &row(1)}), "0\tOff\r\n1\tOn\r\n");
+  bool broken = true;
+  EXPECT_EQ(copyValuesText({&row(0), &row(1)}, broken), "0\tOff\r\n1\tOn\r\n");
+  EXPECT_FALSE(broken);
+  row(1).label = "On\nagain";
+  copyValuesText({&row(0), &row(1)}, broken);
+  EXPECT_TRUE(broken);
 }
 
 TEST_F(ValueListTest, PastedTextMayBeHexadecimalAndBadLinesAreSkipped) {
@@ -164,6 +172,94 @@ TEST_F(ValueListTest, DuplicatesOfAFileAreKeptOnceAndTold) {
   EXPECT_EQ(list.rows().size(), 4u);
   EXPECT_THROW(list.SaveDataItems(data), Failure);
   EXPECT_EQ(data.DataListes->Count(), 3);
+}
+
+TEST_F(ValueListTest, SavingIsAddingOneAfterTheOther) {
+  std::minstd_rand random(7);
+  for (int round = 0; round < 200; ++round) {
+    DataItem source, expected, saved;
+    source.DataListes = std::make_shared<DataListeItems>();
+    expected.DataListes = std::make_shared<DataListeItems>();
+    std::vector<DataListeItems::Pointer> items;
+    std::string refusal;
+    for (int i = 0; i < 20; ++i) {
+      auto item = std::make_shared<DataListeItem>();
+      item->Valeur = static_cast<std::int32_t>(random() % 60) - 20;
+      item->libelle = "label " + std::to_string(random() % 60);
+      try {
+        expected.DataListes->Add(item->Valeur, item->libelle, "");
+      } catch (const Failure& failure) {
+        if (refusal.empty()) refusal = failure.text;
+      }
+      items.push_back(std::move(item));
+    }
+    source.DataListes->AddAll(std::move(items));
+    list.bind(&source);
+    try {
+      list.SaveDataItems(saved);
+      EXPECT_EQ(refusal, "");
+    } catch (const Failure& failure) {
+      EXPECT_EQ(failure.text, refusal);
+    }
+    const auto text = [](const DataItem& of) {
+      std::string all;
+      for (const DataListeItem* item : *of.DataListes)
+        all += std::to_string(item->Valeur) + "=" + item->libelle + ";";
+      return all;
+    };
+    ASSERT_EQ(text(saved), text(expected));
+    EXPECT_EQ(saved.DataListes->Item(1)->parent, &saved);
+  }
+}
+
+/// Processor time of an action on a list of so many values, the least of three.
+double secondsFor(int count, const std::function<void(ValueList&, DataItem&)>& action) {
+  double least = 1e9;
+  for (int run = 0; run < 3; ++run) {
+    DataItem data;
+    data.DataListes = std::make_shared<DataListeItems>();
+    std::vector<DataListeItems::Pointer> items;
+    for (int i = 0; i < count; ++i) {
+      auto item = std::make_shared<DataListeItem>();
+      item->Valeur = i * 7919 % count;
+      item->libelle = " label  " + std::to_string(i);
+      items.push_back(std::move(item));
+    }
+    data.DataListes->AddAll(std::move(items));
+    ValueList list;
+    list.bind(&data);
+    const std::clock_t start = std::clock();
+    action(list, data);
+    least = std::min(least, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+  }
+  return least;
+}
+
+/// From 2,500 values to eight times as many: a square would take 64 times as long.
+void expectLinear(const std::function<void(ValueList&, DataItem&)>& action) {
+  const double few = std::max(secondsFor(2500, action), 0.001);
+  EXPECT_LT(secondsFor(20000, action), 24 * few + 0.05);
+}
+
+TEST(ValueListGrowth, SavingTakesTimeByTheNumberOfValues) {
+  expectLinear([](ValueList& list, DataItem& data) {
+    list.SaveDataItems(data);
+    EXPECT_EQ(static_cast<std::size_t>(data.DataListes->Count()), list.rows().size());
+  });
+}
+
+TEST(ValueListGrowth, NormalizingTakesTimeByTheNumberOfValues) {
+  class Willing final : public platform::Person {
+    Answer message(const platform::Box&) override { return Answer::Yes; }
+    std::optional<std::string> file(const platform::FileQuestion&) override { return {}; }
+  };
+  expectLinear([](ValueList& list, DataItem&) {
+    std::vector<ValueRow*> rows;
+    for (const auto& row : list.rows()) rows.push_back(row.get());
+    Willing person;
+    EXPECT_TRUE(list.normalize(rows, person));
+    EXPECT_EQ(rows.back()->label, "label " + std::to_string(rows.size() - 1));
+  });
 }
 
 TEST_F(ValueListTest, ControlsFollowTheState) {

@@ -237,6 +237,65 @@ TEST_F(UceDataListControl, AnAnswerOfYesThatCannotBeKeptIsTold) {
   EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
 }
 
+TEST_F(UceDataListControl, AddIsAwakeAfterTheQuestionAndAsleepWithTheNextRow) {
+  clickRow(list(), 1);
+  retype(label(), "Running");
+  expectConfirmation(Answer::No);
+  EXPECT_FALSE(values->TestAndConfirmChange());
+  EXPECT_EQ(fields(), "1=On") << "what was declined is gone";
+  EXPECT_TRUE(addButton().isEnabled());
+  EXPECT_FALSE(isUsable("save"));
+  clickRow(list(), 0);
+  EXPECT_FALSE(addButton().isEnabled());
+}
+
+TEST_F(UceDataListControl, AValueTypedForAdditionIsAskedForByTheNextRow) {
+  enter("7", "Seven");
+  expectConfirmation(Answer::Yes);
+  clickRow(list(), 1);
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;7=Seven;");
+  EXPECT_EQ(fields(), "1=On");
+  values->setData(&data);
+  retype(valueText(), "9");
+  EXPECT_FALSE(values->TestAndConfirmChange()) << "a number alone is no value";
+}
+
+TEST_F(UceDataListControl, PasteAsksForWhatIsTypedFirst) {
+  clickRow(list(), 1);
+  retype(label(), "Running");
+  desktop::setClipboardText("7\tSeven\n");
+  expectConfirmation(Answer::Yes);
+  key("paste");
+  EXPECT_EQ(rows(), "0=Off;1=Running;3=Error;7=Seven;");
+  enter("9", "Off");
+  desktop::setClipboardText("8\tEight\n");
+  expectConfirmation(Answer::Yes);
+  expectInputError("DATALIST/MSG/CBaddNew_Click/valueAlreadyExistsError/text",
+                   "Label Off already exists.");
+  key("paste");
+  EXPECT_EQ(rows(), "0=Off;1=Running;3=Error;7=Seven;") << "the paste waits";
+  EXPECT_EQ(fields(), "9=Off");
+}
+
+TEST_F(UceDataListControl, CutAsksForWhatIsTypedForARowThatStays) {
+  clickRow(list(), 0);
+  clickRow(list(), 1, 0, Qt::ControlModifier);
+  clickRow(list(), 1, 0, Qt::ControlModifier); // the current row, and no longer selected
+  retype(label(), "Running");
+  expectConfirmation(Answer::Yes);
+  expectCut(Answer::Yes);
+  press(list(), Qt::Key_Delete);
+  EXPECT_EQ(rows(), "1=Running;3=Error;");
+  clickRow(list(), 0);
+  retype(label(), "Gone");
+  expectCut(Answer::No);
+  press(list(), Qt::Key_Delete);
+  EXPECT_EQ(fields(), "1=Gone");
+  expectCut(Answer::Yes);
+  press(list(), Qt::Key_Delete);
+  EXPECT_EQ(rows(), "3=Error;");
+}
+
 TEST_F(UceDataListControl, AfterAnAdditionTheRowThatWasShownCanBeClickedAgain) {
   clickRow(list(), 1);
   enter("9", "Nine");
@@ -285,6 +344,7 @@ TEST_F(UceDataListControl, CopiedTextHasAValueAndALabelInEachLine) {
   press(list(), Qt::Key_A, Qt::ControlModifier);
   choose("PopupRCopyText");
   EXPECT_EQ(desktop::clipboardText(), "0\tOff\r\n1\tOn\r\n3\tError\r\n");
+  EXPECT_EQ(recorder.take(), Events{"UceDataList1.textCopied(false)"});
 }
 
 TEST_F(UceDataListControl, PastedTextMayBeHexadecimal) {
@@ -315,6 +375,7 @@ TEST_F(UceDataListControl, TwoRowsOfOneValueCannotArise) {
   expectInputError("DATALIST/MSG/CBaddNew_Click/valueAlreadyExistsError/text",
                    "Value 3 already exists.");
   click(addButton());
+  expectConfirmation(Answer::No); // what was typed still stands in the fields
   clickRow(list(), 0);
   enter("3", "Off");
   expectInputError("DATALIST/MSG/changeItem/valueAlreadyExistsError/text",

@@ -4,9 +4,13 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
+#include "database/data_liste_items_bulk.h"
 #include "language/multi_lang.h"
 
 #include <algorithm>
+#include <optional>
+#include <set>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace kelmar {
@@ -68,16 +72,18 @@ void ValueList::bind(const DataItem* data) {
 }
 
 void ValueList::SaveDataItems(DataItem& data) const {
-  auto items = std::make_shared<DataListeItems>();
-  std::unique_ptr<Failure> refused;
+  std::vector<DataListeItems::Pointer> items;
+  items.reserve(rows_.size());
   for (const auto& row : rows_) {
-    try {
-      items->Add(row->value, row->label, row->info)->parent = &data;
-    } catch (const Failure& failure) {
-      if (!refused) refused = std::make_unique<Failure>(failure);
-    }
+    auto item = std::make_shared<DataListeItem>();
+    item->Valeur = row->value;
+    item->libelle = row->label;
+    item->Info = row->info;
+    item->parent = &data;
+    items.push_back(std::move(item));
   }
-  data.DataListes = std::move(items);
+  std::optional<Failure> refused;
+  data.DataListes = sortedListOf(items, refused);
   if (refused) throw Failure(*refused);
 }
 
@@ -150,23 +156,31 @@ bool ValueList::normalize(const std::vector<ValueRow*>& rows, platform::Person& 
   if (rows.empty() || person.message(question) != platform::Answer::Yes) return false;
   constexpr char warningKey[] = "DATALIST/MSG/PopupRNormalize/warning/text";
   bool changed = false;
+  // A file may have brought a label twice: the first row is told of.
+  std::unordered_map<std::string, std::set<std::size_t>> places;
+  std::unordered_map<const ValueRow*, std::size_t> placeOf;
+  for (std::size_t place = 0; place < rows_.size(); ++place) {
+    places[rows_[place]->label].insert(place);
+    placeOf.emplace(rows_[place].get(), place);
+  }
   for (ValueRow* row : rows) {
     const std::string label = CleanSpaces(row->label);
     if (label == row->label) continue;
-    const auto same = std::find_if(rows_.begin(), rows_.end(), [&](const auto& other) {
-      return other.get() != row && other->label == label;
-    });
-    if (same != rows_.end()) {
+    if (const auto same = places.find(label); same != places.end() && !same->second.empty()) {
+      const ValueRow& other = *rows_[*same->second.begin()];
       refuse(person, warningKey,
              texts().getMultilangMessageDefault("Warning",
                                                 "DATALIST/MSG/PopupRNormalize/warning/title"),
              texts().getMultilangMessageDefault(
                  "Label '{0}'={1} already exists with normalized name '{2}'={3}.{crlf}Check label "
                  "to avoid error trap for user",
-                 warningKey, row->label, std::to_string(row->value), (*same)->label,
-                 std::to_string((*same)->value)));
+                 warningKey, row->label, std::to_string(row->value), other.label,
+                 std::to_string(other.value)));
       continue;
     }
+    const std::size_t place = placeOf.at(row);
+    places[row->label].erase(place);
+    places[label].insert(place);
     row->label = label;
     changed = true;
   }

@@ -62,8 +62,9 @@ class ValueList {
 
 /// The XML form: a root `List` with the `Item` of each row.
 std::string copyValues(const std::vector<ValueRow*>& rows);
-/// Value, tab, label, CR LF for each row.
-std::string copyValuesText(const std::vector<ValueRow*>& rows);
+/// Value, tab, label, CR LF for each row. `broken` when a label holds a line break or a tab, so
+/// that the text does not read back as it is.
+std::string copyValuesText(const std::vector<ValueRow*>& rows, bool& broken);
 
 /// "$" and the value in hexadecimal: 2 digits for data of at most 8 bits, 4 up to 16, else 8.
 std::string hexTip(std::int32_t value, std::int32_t numberBits);

@@ -42,14 +42,15 @@ std::string copyValues(const std::vector<ValueRow*>& rows) {
   return out.take();
 }
 
-std::string copyValuesText(const std::vector<ValueRow*>& rows) {
+std::string copyValuesText(const std::vector<ValueRow*>& rows, bool& broken) {
   TabText text;
   for (const ValueRow* row : rows) text.cell(row->value).cell(row->label).endLine();
+  broken = text.hasBrokenCell();
   return text.text();
 }
 
-/// The rows by value and by label, so that a long list is pasted in a time that grows with it. What a
-/// file brought may hold a value or a label twice: the first row counts.
+/// The rows by value and by label, so that a long list is pasted in a time that grows with it. What
+/// a file brought may hold a value or a label twice: the first row counts.
 class ValueList::Index {
  public:
   explicit Index(const std::vector<std::unique_ptr<ValueRow>>& rows) : rows_(rows) {
