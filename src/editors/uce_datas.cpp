@@ -150,7 +150,11 @@ void UceDatas::stateMoved() {
   if (parts_->listCommands) parts_->listCommands->refresh();
 }
 
+bool UceDatas::hasPendingEdits() const { return edits().changed() || parts_->typesValue(); }
+
 bool UceDatas::TestAndConfirmChange() {
+  // A value that is taken over marks the page.
+  if (parts_->typesValue()) parts_->UceDataList1->TestAndConfirmChange();
   if (!edits().changed()) return false;
   constexpr char changedKey[] = "DATAS/MSG/TestAndConfirmChange/text";
   const CMultiLangEx& texts = language::global();
@@ -160,15 +164,17 @@ bool UceDatas::TestAndConfirmChange() {
                                        "DATAS/MSG/TestAndConfirmChange/title"),
       texts.getMultilangMessageDefault("Data changed. Do you want to valid change ?", changedKey),
       platform::Buttons::YesNo, platform::Icon::Question};
-  if (person().message(question) != platform::Answer::Yes) {
+  const bool applied = person().message(question) == platform::Answer::Yes;
+  if (applied) {
+    // What was refused is told and dropped; the fields before it are in the data and to be saved.
+    parts_->takeOver();
+    refreshActiveRow();
+    emit OnSave(false);
+  } else {
     emit OnCancel();
-    edits().clear();
-    stateMoved();
-    return false;
   }
-  const bool applied = parts_->takeOver();
-  refreshActiveRow();
-  if (applied) emit OnSave(false);
+  // The page may stay, as a command that asked first may be given up: it shows what the data has.
+  parts_->showAgain();
   edits().clear();
   stateMoved();
   return applied;
@@ -267,26 +273,29 @@ void UceDatas::Parts::numberEdited(const ZEMnumeric& field, double inItem) {
   if (data() && field.valueOfText() != inItem) edited();
 }
 
+bool UceDatas::Parts::typesValue() const {
+  return data() && activeType == DataType::NumericList && UceDataList1->hasTyping();
+}
+
 bool UceDatas::Parts::takeOver() {
   DataItem* item = data();
   if (!item) return false;
+  bool applied = true;
   try {
     if (!GetDataFromScreen(readControls(), *item, page.person())) return false;
   } catch (const Failure& failure) {
+    // A coefficient that is no number; all the others are in the data.
     for (QLineEdit* field : {TextCoeffA, TextCoeffB, TextCoeffC})
       if (u8(field->objectName()) == failure.source) field->setFocus();
     ShowErrorBox(page.person(), language::global(), failure);
-    return false;
+    applied = false;
   }
-  if (activeType == DataType::NumericList) {
-    UceDataList1->TestAndConfirmChange();
-    UceDataList1->SaveDataItems();
-  }
-  return true;
+  if (activeType == DataType::NumericList) UceDataList1->SaveDataItems();
+  return applied;
 }
 
 void UceDatas::Parts::validate(bool toFile) {
-  if (!data()) return;
+  if (!data() || (typesValue() && !UceDataList1->finishTyping())) return;
   const bool applied = takeOver();
   page.refreshActiveRow();
   if (!applied) return;
@@ -296,12 +305,14 @@ void UceDatas::Parts::validate(bool toFile) {
   page.stateMoved();
 }
 
+void UceDatas::Parts::showAgain() {
+  const EditState::Loading loading = page.edits().load();
+  page.showItem(data());
+}
+
 void UceDatas::Parts::cancel() {
   if (!data()) return;
-  {
-    const EditState::Loading loading = page.edits().load();
-    page.showItem(data());
-  }
+  showAgain();
   emit page.OnCancel();
   page.edits().clear();
   page.stateMoved();
@@ -321,6 +332,14 @@ bool UceDatas::Parts::rename(DataItem& item, const std::string& text) {
   page.announceApplied();
   if (pending) edited(); // what stands in the fields is still to be taken over
   return true;
+}
+
+void UceDatas::Parts::textCopied(bool broken) {
+  warn(broken ? language::global().getMultilangMessageDefault(
+                    "A copied cell holds a line break or a tab: pasted back, it will not be the "
+                    "same.",
+                    "DATAS/MSG/copyText/brokenCell/text")
+              : std::string());
 }
 
 void UceDatas::Parts::warn(const std::string& text) {

@@ -38,6 +38,7 @@ class UceDatas : public ListPage {
   RowTag itemNamed(const std::string& name) const override;
   std::string countText(int rows) const override;
   void showItem(RowTag item) override;
+  bool hasPendingEdits() const override;
   void stateMoved() override;
   void changeEvent(QEvent* event) override;
 

@@ -155,29 +155,32 @@ void UceDatas::Parts::cut() {
     if (items.empty()) return;
     const int row = listDatas->rows().rowOf(items.front());
     const std::string text = copyDatas(items);
-    // The answers may end the life of the data in the fields.
+    // Between two answers the list and the fields still show data that are deleted.
+    const std::vector<DataItems::Pointer> alive = target()->datas()->members();
+    if (!CutData(*target(), items, page.person())) return;
+    desktop::setClipboardText(text);
+    // What was typed for a data that is gone goes with it.
+    if (page.hasPendingEdits() && target()->datas()->indexOf(data()) > 0)
+      page.TestAndConfirmChange();
     page.dropActive();
-    const bool deleted = CutData(*target(), items, page.person());
-    if (deleted) desktop::setClipboardText(text);
     page.fillList(row);
-    if (deleted) page.announceApplied();
+    page.announceApplied();
   });
 }
 
 void UceDatas::Parts::copy() {
   page.guarded([this] {
-    if (const auto items = selected(); !items.empty()) desktop::setClipboardText(copyDatas(items));
+    const auto items = selected();
+    if (items.empty()) return;
+    desktop::setClipboardText(copyDatas(items));
+    textCopied(false);
   });
 }
 
 void UceDatas::Parts::copyText() {
   const DataText copied = copyDatasText(selected());
   desktop::setClipboardText(copied.text);
-  if (copied.hasBrokenCell)
-    warn(language::global().getMultilangMessageDefault(
-        "A copied comment holds a line break: a spreadsheet cuts the line there, and pasting it "
-        "back loses the rest.",
-        "DATAS/MSG/copyText/lineBreak/text"));
+  textCopied(copied.hasBrokenCell);
 }
 
 void UceDatas::Parts::copyTradConfig() {
@@ -189,11 +192,12 @@ void UceDatas::Parts::copyTradConfig() {
 void UceDatas::Parts::paste(const std::string& text) {
   page.guarded([&] {
     page.TestAndConfirmChange();
-    const DataPaste pasted = pasteDatas(text, *database, *target(), page.person());
-    if (!pasted.clipboard.empty()) desktop::setClipboardText(pasted.clipboard);
-    if (!pasted.lastName.empty()) page.rememberName(pasted.lastName);
+    const DataPaste pasted =
+        pasteDatas(text, *database, *target(), page.person(), desktop::setClipboardText);
+    if (!pasted.changed) return; // the list is as it was
+    page.rememberName(pasted.lastName);
     page.fillList();
-    if (pasted.changed) page.announceApplied();
+    page.announceApplied();
   });
 }
 
@@ -236,6 +240,7 @@ void UceDatas::Parts::showFiche() {
       QLatin1Char(' ') + qs(item->dataName());
   frmDataDescription dialog(title, item->Fiche, &page);
   if (dialog.exec() != QDialog::Accepted || dialog.text() == item->Fiche) return;
+  // Saved by its own dialog: the key Cancel of the page brings back the fields, not this.
   item->Fiche = dialog.text();
   edited();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/colours.h"
 #include "desktop/qt_text.h"
+#include "desktop/translate_control.h"
 #include "editors/uce_datas_parts.h"
 
 #include <QButtonGroup>
@@ -94,8 +95,10 @@ void UceDatas::Parts::makeControls() {
              if (warning.found) look.colour = faultRed;
              return look;
            },
-       .rename = [this](RowTag tag,
-                        const std::string& text) { return rename(*static_cast<DataItem*>(tag), text); }},
+       .rename =
+           [this](RowTag tag, const std::string& text) {
+             return rename(*static_cast<DataItem*>(tag), text);
+           }},
       left);
   listDatas->setObjectName(QStringLiteral("listDatas"));
   leftRows->addWidget(listDatas, 1);
@@ -120,6 +123,8 @@ void UceDatas::Parts::makeControls() {
   const char* names[] = {"OPtypeNumeric", "OPtypeNumericList", "OPtypeNotNumeric"};
   for (std::size_t i = 0; i < types.size(); ++i) {
     types[i] = button<QRadioButton>(names[i], captions[i], FrameInfos);
+    // Their captions go by keys of their own.
+    types[i]->setProperty(desktop::controlTypeProperty, QString());
     OPtype->addButton(types[i], static_cast<int>(i));
     choice->addWidget(types[i]);
   }
@@ -261,6 +266,8 @@ void UceDatas::Parts::connectControls() {
   connect(OPtype, &QButtonGroup::idClicked, &page,
           [this](int type) { typeChosen(static_cast<DataType>(type)); });
   connect(UceDataList1, &UceDataList::listChanged, &page, [this] { edited(); });
+  connect(UceDataList1, &UceDataList::textCopied, &page,
+          [this](bool broken) { textCopied(broken); });
   connect(UceDataList1, &UceDataList::help, &page, [this] { emit page.help("data", "list"); });
   connect(DataDiagFiche, &QPushButton::clicked, &page, [this] { showFiche(); });
   connect(cmdSelectUnit, &QPushButton::clicked, &page, [this] { showUnits(); });

@@ -62,11 +62,17 @@ struct UceDatas::Parts {
   void rangeEdited();
   void colourFields();
   void showHelp();
+  /// A value is being typed that the value list has not taken yet.
+  bool typesValue() const;
   /// False when the fields could not all be taken over.
   bool takeOver();
+  /// The fields show the data as it is.
+  void showAgain();
   void validate(bool toFile);
   void cancel();
   bool rename(DataItem& data, const std::string& text);
+  /// Says so when the copied text does not read back; takes the word of an earlier copy away.
+  void textCopied(bool broken);
   void warn(const std::string& text);
 
   UceDatas& page;

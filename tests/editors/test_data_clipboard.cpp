@@ -124,6 +124,41 @@ TEST_F(DataClipboard, ALineBreakInACellIsTold) {
   EXPECT_TRUE(copyDatasText(all()).hasBrokenCell);
 }
 
+TEST_F(DataClipboard, PastedBackALineBreakInACellMakesTwoDataOfOne) {
+  DataItem* speed = add("Speed");
+  speed->numerique = false;
+  speed->Description = "two\r\nlines";
+  const DataText copied = copyDatasText(all());
+  ASSERT_TRUE(copied.hasBrokenCell) << "which is why it is told";
+  target.datas()->clear();
+  EXPECT_TRUE(paste(copied.text).changed);
+  EXPECT_EQ(names(), "Speed,lines,");
+  EXPECT_EQ(the("Speed")->Description, "two");
+  EXPECT_TRUE(the("Speed")->numerique) << "the type stood behind the line break";
+}
+
+TEST_F(DataClipboard, AnEncodingNamedInTheXmlIsIgnored) {
+  EXPECT_TRUE(paste("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>"
+                    "<Datas><Data Name=\"Débit\"/></Datas>")
+                  .changed);
+  EXPECT_EQ(names(), "Débit,") << "the clipboard holds characters";
+}
+
+TEST_F(DataClipboard, TheLogIsTakenBeforeTheWarningLeadsToIt) {
+  std::string log;
+  const std::string tooLong(71, 'a');
+  person.expect({"DATAS/MSG/pasteData/importError/text", "Warning",
+                 "Error when importing data, paste the clipboard to Excel\r\nData name '" +
+                     tooLong + "' too long, up to 70 characters.\r\n",
+                 Buttons::Ok, Icon::Exclamation},
+                Answer::Ok, [&] { EXPECT_TRUE(log.starts_with("'aaa")); });
+  pasteDatas(tooLong + "\t\t8\n", database, target, person,
+             [&](const std::string& text) { log = text; });
+  log.clear();
+  pasteDatas("a\t\t8\n", database, target, person,
+             [&](const std::string&) { ADD_FAILURE() << "there is no log"; });
+}
+
 TEST_F(DataClipboard, LinesThatAreNoneAreSkipped) {
   EXPECT_FALSE(paste("'Name\ta\tb\n\t1\t2\n   \tx\ty\nname\tonly two\n").changed);
   EXPECT_FALSE(paste("").changed);

@@ -134,6 +134,9 @@ TEST_F(DataRules, ACoefficientThatIsNoNumberNamesItsField) {
   DataFields fields = fieldsOf(data);
   fields.TextUnite = "V";
   fields.TextCoeffB = "two";
+  fields.TextCoeffC = "4";
+  fields.TextDescription = "kept";
+  fields.NumericNumberBits = 12;
   try {
     GetDataFromScreen(fields, data, person);
     FAIL() << "no failure";
@@ -142,6 +145,10 @@ TEST_F(DataRules, ACoefficientThatIsNoNumberNamesItsField) {
     EXPECT_EQ(failure.number, TypeMismatch);
   }
   EXPECT_EQ(data.Unite, "V");
+  EXPECT_EQ(data.CoeffB.value(), 0);
+  EXPECT_EQ(data.CoeffC.value(), 4) << "it alone is left out";
+  EXPECT_EQ(data.Description, "kept");
+  EXPECT_EQ(data.NumberBits, 12);
 }
 
 TEST_F(DataRules, EachFormWritesItsOwnSizeAndSign) {
@@ -229,6 +236,22 @@ TEST_F(DataRules, InTheModeAllUnusedAUsedDataStillAsks) {
   EXPECT_TRUE(CutData(target, datas, person));
   EXPECT_EQ(names(), "c,");
   EXPECT_EQ(target.Requests()->ItemName("Read one")->DataPositions->Count(), 0);
+}
+
+TEST_F(DataRules, ADataThatCannotBeDeletedIsToldAndTheNextOneFollows) {
+  std::vector<DataItem*> datas{add("a"), add("b")};
+  addRequest("R");
+  place("R", "a");
+  place("R", "b");
+  expectDeleteUsed("a", "\r\n  - R", Answer::Yes);
+  person.expect("DATAS/MSG/CutData/error/text", "Error", "Error : a is held", Buttons::Ok,
+                Icon::Critical, Answer::Ok);
+  expectDeleteUsed("b", "\r\n  - R", Answer::Yes);
+  EXPECT_TRUE(CutData(target, datas, person, [this](DataItem* data) {
+    if (data->dataName() == "a") throw Failure(1, "", "a is held");
+    target.DeleteData(data);
+  }));
+  EXPECT_EQ(names(), "a,");
 }
 
 TEST_F(DataRules, UnusedDataAreThoseWithoutPosition) {

@@ -223,10 +223,93 @@ TEST_F(UceDatasPage, YesWithADivisorOfZeroKeepsWhatCameBeforeIt) {
   retype(field("TextDescription"), "not taken");
   expectConfirmation(Answer::Yes);
   expectZeroDivisor();
-  EXPECT_FALSE(page->TestAndConfirmChange());
+  recorder.take();
+  EXPECT_TRUE(page->TestAndConfirmChange()) << "what came before is in the data";
+  EXPECT_EQ(recorder.take().back(), "UceDatas1.OnSave(false)") << "and the tab loses its mark";
   EXPECT_EQ(the("Level").Mnemo, "M");
   EXPECT_EQ(the("Level").Description, "");
+  EXPECT_EQ(field("TextDescription").text(), "") << "the fields show what the data has";
   EXPECT_FALSE(page->TestAndConfirmChange()) << "the mark is cleared, nothing is asked again";
+}
+
+TEST_F(UceDatasPage, YesWithACoefficientThatIsNoNumberKeepsAllOthers) {
+  retype(field("TextCoeffA"), "two");
+  retype(field("TextCoeffC"), "4");
+  retype(field("TextDescription"), "Fuel");
+  recorder.take();
+  expectConfirmation(Answer::Yes);
+  person.expect("GENERIC/error/text", "Error", "Error # 13\r\nType mismatch", Buttons::Ok,
+                Icon::Critical, Answer::Ok);
+  clickRow(list(), 1);
+  EXPECT_EQ(the("Level").CoeffA.value(), 1);
+  EXPECT_EQ(the("Level").CoeffC.value(), 4);
+  EXPECT_EQ(the("Level").Description, "Fuel");
+  EXPECT_EQ(recorder.take().back(), "UceDatas1.OnSave(false)");
+  EXPECT_EQ(caption(), "Speed");
+}
+
+TEST_F(UceDatasPage, AValueBeingTypedIsAskedForWhenAnotherDataIsChosen) {
+  page->setEditDataName("State");
+  auto& rows = control<ListView>(values(), "LVmain");
+  clickRow(rows, 1);
+  retype(control<QLineEdit>(values(), "ValText"), "Running");
+  EXPECT_EQ(recorder.take(), Events{}) << "it is not in the list yet";
+  expectValueQuestion(Answer::Yes);
+  expectConfirmation(Answer::Yes);
+  clickRow(list(), 0);
+  EXPECT_EQ(the("State").DataListes->ItemValue(1)->libelle, "Running");
+  EXPECT_EQ(caption(), "Level");
+
+  page->setEditDataName("State");
+  clickRow(rows, 1);
+  retype(control<QLineEdit>(values(), "ValText"), "Never");
+  expectValueQuestion(Answer::No);
+  recorder.take();
+  page->setEditDataName("Level");
+  EXPECT_EQ(recorder.take().size(), 1u) << "nothing else is left to ask";
+  EXPECT_EQ(the("State").DataListes->ItemValue(1)->libelle, "Running");
+}
+
+TEST_F(UceDatasPage, AValueTypedForAdditionIsAskedForWhenThePageIsLeft) {
+  page->setEditDataName("State");
+  retype(control<QLineEdit>(number("ValRange"), "TextNum"), "5");
+  retype(control<QLineEdit>(values(), "ValText"), "Five");
+  expectValueQuestion(Answer::Yes);
+  expectConfirmation(Answer::Yes);
+  EXPECT_TRUE(page->TestAndConfirmChange());
+  EXPECT_EQ(the("State").DataListes->ItemValue(5)->libelle, "Five");
+  EXPECT_FALSE(page->TestAndConfirmChange());
+}
+
+TEST_F(UceDatasPage, AValueThatIsRefusedLetsTheValidationWait) {
+  page->setEditDataName("State");
+  clickRow(control<ListView>(values(), "LVmain"), 1);
+  retype(control<QLineEdit>(values(), "ValText"), "Off");
+  type(field("TextMnemo"), "S");
+  expectValueQuestion(Answer::Yes);
+  person.expect("DATALIST/MSG/changeItem/labelAlreadyExistsError/text", "Input error",
+                "Label Off already exists.\r\nOld : 0=Off", Buttons::Ok, Icon::Exclamation,
+                Answer::Ok);
+  key("valid");
+  EXPECT_EQ(control<QLineEdit>(values(), "ValText").text(), "Off") << "it can be mended";
+  EXPECT_EQ(the("State").Mnemo, "");
+  retype(control<QLineEdit>(values(), "ValText"), "Running");
+  expectValueQuestion(Answer::Yes);
+  key("valid");
+  EXPECT_EQ(the("State").Mnemo, "S");
+  EXPECT_EQ(the("State").DataListes->ItemValue(1)->libelle, "Running");
+}
+
+TEST_F(UceDatasPage, ADeclinedValueIsNoLongerInTheFields) {
+  page->setEditDataName("State");
+  clickRow(control<ListView>(values(), "LVmain"), 1);
+  retype(control<QLineEdit>(values(), "ValText"), "Running");
+  type(field("TextMnemo"), "S");
+  expectValueQuestion(Answer::No);
+  key("valid");
+  EXPECT_EQ(control<QLineEdit>(values(), "ValText").text(), "On");
+  EXPECT_EQ(the("State").DataListes->ItemValue(1)->libelle, "On");
+  EXPECT_EQ(the("State").Mnemo, "S");
 }
 
 TEST_F(UceDatasPage, ACoefficientThatIsNoNumberIsRedAndTakesTheFocus) {
@@ -287,9 +370,7 @@ TEST_F(UceDatasPage, AnItemOfTheValueListThatIsStillInItsFieldsIsAskedForBeforeT
   clickRow(rows, 1);
   retype(control<QLineEdit>(values(), "ValText"), "Running");
   type(field("TextMnemo"), "S");
-  person.expect("DATALIST/MSG/TestAndConfirmChange/text", "Confirm",
-                "Item has been modified. Save change ?", Buttons::YesNo, Icon::Question,
-                Answer::Yes);
+  expectValueQuestion(Answer::Yes);
   key("valid");
   EXPECT_EQ(the("State").DataListes->ItemValue(1)->libelle, "Running");
 }

@@ -134,6 +134,59 @@ TEST_F(UceDatasPage, ACancelledDeletionLeavesListAndClipboardAlone) {
   EXPECT_EQ(recorder.take().size(), 1u) << "nothing but the box";
 }
 
+TEST_F(UceDatasPage, ACancelledDeletionKeepsWhatIsBeingTyped) {
+  type(field("TextMnemo"), "L");
+  recorder.take();
+  expectDeletion("Level", Answer::Cancel);
+  press(list(), Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(field("TextMnemo").text(), "L");
+  EXPECT_EQ(recorder.take().size(), 1u) << "nothing but the box";
+  expectConfirmation(Answer::Yes);
+  EXPECT_TRUE(page->TestAndConfirmChange()) << "it is still to be asked for";
+  EXPECT_EQ(the("Level").Mnemo, "L");
+}
+
+TEST_F(UceDatasPage, WhatIsTypedForADataThatStaysIsAskedForAndForOneThatGoesIsNot) {
+  place("Read", "Speed");
+  clickRow(list(), 0);
+  clickRow(list(), 1, 0, Qt::ControlModifier);
+  ASSERT_EQ(caption(), "Speed");
+  type(field("TextMnemo"), "SPD");
+  expectDeletion("Level", Answer::No);
+  expectDeletionOfUsed("Speed", "\r\n  - Read", Answer::No);
+  expectConfirmation(Answer::Yes);
+  press(list(), Qt::Key_Delete);
+  EXPECT_EQ(names(), "Speed,State,");
+  EXPECT_EQ(the("Speed").Mnemo, "SPD");
+  EXPECT_EQ(recorder.take().back(), "UceDatas1.OnSave(false)");
+
+  type(field("TextMnemo"), "!");
+  expectDeletionOfUsed("Speed", "\r\n  - Read", Answer::Yes);
+  press(list(), Qt::Key_Delete);
+  EXPECT_EQ(names(), "State,");
+}
+
+TEST_F(UceDatasPage, BetweenTwoAnswersTheWindowStillShowsTheDeletedData) {
+  for (const char* name : {"Level", "Speed"}) place("Read " + std::string(name), name);
+  press(list(), Qt::Key_A, Qt::ControlModifier);
+  const auto ask = [&](const std::string& name) {
+    person.expect({"DATAS/MSG/CutData/deleteUsedData/text", "Confirm delete",
+                   "Do you really want to delete the selected data ?\r\n\r\n****** W A R N I N G "
+                   "******\r\nThe data '" +
+                       name + "' is used by requests: \r\n  - Read " + name,
+                   Buttons::YesNo, Icon::Question},
+                  Answer::Yes, [&] {
+                    list().viewport()->repaint();
+                    EXPECT_EQ(names(), "Level,Speed,State,");
+                  });
+  };
+  ask("Level");
+  ask("Speed");
+  expectDeletion("State", Answer::Cancel);
+  press(list(), Qt::Key_Delete);
+  EXPECT_EQ(names(), "State,");
+}
+
 TEST_F(UceDatasPage, AfterADeletionTheRowAtTheSamePlaceIsChosen) {
   clickRow(list(), 1);
   expectDeletion("Speed", Answer::No);
@@ -163,13 +216,28 @@ TEST_F(UceDatasPage, APasteWithDuplicateValuesPutsItsErrorsOnTheClipboard) {
             "'\r\n'Error\t\t1\tAgain\tDuplicate value (already exist with label : One)\r\n");
 }
 
+TEST_F(UceDatasPage, TheErrorsAreOnTheClipboardWhenTheWarningLeadsThere) {
+  const std::string tooLong(71, 'a');
+  desktop::setClipboardText(tooLong + "\t\t8\n");
+  person.expect({"DATAS/MSG/pasteData/importError/text", "Warning",
+                 "Error when importing data, paste the clipboard to Excel\r\nData name '" +
+                     tooLong + "' too long, up to 70 characters.\r\n",
+                 Buttons::Ok, Icon::Exclamation},
+                Answer::Ok,
+                [] { EXPECT_TRUE(desktop::clipboardText().starts_with("'aaa")); });
+  key("paste");
+}
+
 TEST_F(UceDatasPage, AForeignFragmentIsRefusedAndChangesNothing) {
+  clickRow(list(), 1);
+  clickRow(list(), 2, 0, Qt::ControlModifier);
   desktop::setClipboardText("<Requests/>");
   person.expect("DATAS/MSG/pasteData/badClipboardData/text", "Clipboard error",
                 "Bad clipboard content. You can paste only Data", Buttons::Ok, Icon::Exclamation,
                 Answer::Ok);
   key("paste");
   EXPECT_EQ(names(), "Level,Speed,State,");
+  EXPECT_EQ(selectedNames(), "Speed,State,");
   EXPECT_EQ(recorder.take().size(), 1u) << "nothing but the box";
 }
 
@@ -190,17 +258,35 @@ TEST_F(UceDatasPage, CopiedTextComesBackAsTheSameData) {
   EXPECT_EQ(desktop::clipboardText(), text);
 }
 
-TEST_F(UceDatasPage, ACopiedCommentWithALineBreakIsToldInTheLineOfWarnings) {
+TEST_F(UceDatasPage, ACellThatDoesNotReadBackIsToldInTheLineOfWarnings) {
   choose("popupRefCopyText");
   EXPECT_FALSE(control<QLabel>(*page, "lblWarning").isVisible());
   the("Level").Description = "one\r\ntwo";
   choose("popupRefCopyText");
   EXPECT_TRUE(control<QLabel>(*page, "lblWarning").isVisible());
   EXPECT_EQ(shown("lblWarning"),
-            "A copied comment holds a line break: a spreadsheet cuts the line there, and pasting it "
-            "back loses the rest.");
+            "A copied cell holds a line break or a tab: pasted back, it will not be the same.");
+  choose("popupRefCopy");
+  EXPECT_FALSE(control<QLabel>(*page, "lblWarning").isVisible()) << "this copy is good";
+  choose("popupRefCopyText");
   clickRow(list(), 1);
   EXPECT_FALSE(control<QLabel>(*page, "lblWarning").isVisible());
+}
+
+TEST_F(UceDatasPage, AValueThatDoesNotReadBackIsToldThere) {
+  the("State").DataListes->Item(1)->libelle = "Off\nline";
+  page->setEditDataName("State");
+  auto& rows = control<ListView>(values(), "LVmain");
+  const auto copyText = [&](int row) {
+    clickRow(rows, row);
+    emit rows.customContextMenuRequested(QPoint(5, 5));
+    choose(*rows.findChild<QMenu*>("PopupRange"), "PopupRCopyText");
+    return control<QLabel>(*page, "lblWarning").isVisible();
+  };
+  EXPECT_TRUE(copyText(0));
+  EXPECT_EQ(shown("lblWarning"),
+            "A copied cell holds a line break or a tab: pasted back, it will not be the same.");
+  EXPECT_FALSE(copyText(1));
 }
 
 TEST_F(UceDatasPage, TheConfigurationTableHasALineForEachValue) {
@@ -267,6 +353,18 @@ TEST_F(UceDatasPage, ADeclinedNameCommandChangesNothing) {
   EXPECT_EQ(names(), "Level,Speed,State,");
 }
 
+TEST_F(UceDatasPage, WhatWasDeclinedBeforeANameCommandIsNoLongerInTheFields) {
+  type(field("TextMnemo"), "L");
+  expectConfirmation(Answer::No);
+  person.expect("DATAS/MSG/popupRefUcase_Click/confirm/text", "User confirm",
+                "Convert name to uppercase ?", Buttons::YesNo, Icon::Question, Answer::No);
+  choose("popupRefUcase");
+  EXPECT_EQ(field("TextMnemo").text(), "");
+  EXPECT_EQ(recorder.take().back(), "box User confirm: Convert name to uppercase ?");
+  type(field("TextMnemo"), "L");
+  EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"}) << "typing marks it again";
+}
+
 TEST_F(UceDatasPage, RequestsOfTheMenuLeadToTheirPage) {
   place("Read", "Level");
   place("Reference", "Level").reference = true;
@@ -280,9 +378,7 @@ TEST_F(UceDatasPage, RequestsOfTheMenuLeadToTheirPage) {
 }
 
 TEST_F(UceDatasPage, ADropOfDataIsPastedAndAnyOtherTextIsNot) {
-  const auto drop = [&](const QString& text) {
-    QMimeData data;
-    data.setText(text);
+  const auto dropData = [&](QMimeData& data) {
     // A drop goes to where the drag was before.
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(list().viewport(), &enter);
@@ -291,8 +387,17 @@ TEST_F(UceDatasPage, ADropOfDataIsPastedAndAnyOtherTextIsNot) {
     QCoreApplication::processEvents();
     return event.isAccepted();
   };
+  const auto drop = [&](const QString& text) {
+    QMimeData data;
+    data.setText(text);
+    return dropData(data);
+  };
   EXPECT_FALSE(drop("Wide\t\t8"));
   EXPECT_FALSE(drop("<Requests></Requests>"));
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile("/tmp/<Datas>Datas>")});
+  files.setText("<Datas></Datas>");
+  EXPECT_FALSE(dropData(files)) << "files bring their names as text";
   EXPECT_TRUE(drop(" <Datas><Data Name=\"Dropped\"/></Datas>\n"));
   EXPECT_TRUE(waitUntil([&] { return has("Dropped"); }));
   EXPECT_EQ(caption(), "Dropped");

@@ -153,6 +153,10 @@ class UceDatasPage : public testing::Test {
                   "Data changed. Do you want to valid change ?", Buttons::YesNo, Icon::Question,
                   answer);
   }
+  void expectValueQuestion(Answer answer) {
+    person.expect("DATALIST/MSG/TestAndConfirmChange/text", "Confirm",
+                  "Item has been modified. Save change ?", Buttons::YesNo, Icon::Question, answer);
+  }
   void expectZeroDivisor() {
     person.expect("DATAS/MSG/CoefficientCcheckZero/text", "Check value",
                   "The value of C Coefficient must be different from Zero", Buttons::Ok,

@@ -12,7 +12,8 @@ namespace {
 /// A conversion as long as it lives.
 class Converter {
  public:
-  explicit Converter(int page) : handle_(::iconv_open("UTF-8", ("CP" + std::to_string(page)).c_str())) {}
+  explicit Converter(int page)
+      : handle_(::iconv_open("UTF-8", ("CP" + std::to_string(page)).c_str())) {}
   ~Converter() {
     if (good()) ::iconv_close(handle_);
   }

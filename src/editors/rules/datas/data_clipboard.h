@@ -5,6 +5,7 @@
 #include "database/omnikor_lib_xml.h"
 #include "platform/person.h"
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,15 +32,19 @@ struct DataPaste {
   bool changed = false;
   /// The data that was added or updated last; empty when none was.
   std::string lastName;
-  /// Not empty: replaces the text on the clipboard, so that it can be looked at in a spreadsheet.
+  /// The log of what was wrong, for a spreadsheet; empty when there is none.
   std::string clipboard;
 };
+/// Takes a log that is not empty and is to replace the text on the clipboard, before the person is
+/// told to look at it there.
+using TakesLog = std::function<void(const std::string& log)>;
 
 /// Pastes either form: XML first, then tab text. What is asked and told goes to the person.
 DataPaste pasteDatas(std::string_view clipboard, OmnikorLibXml& database, TargetItem& target,
-                     platform::Person& person);
+                     platform::Person& person, const TakesLog& takesLog = {});
 /// Tab text alone, in any line ends.
-DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Person& person);
+DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Person& person,
+                         const TakesLog& takesLog = {});
 
 /// Cells of the header line.
 std::span<const std::string_view> dataTextHeader();

@@ -83,8 +83,11 @@ std::string requestLines(const TargetItem& target, const std::string& data) {
 }
 
 void tell(const std::string& trouble, platform::Person& person) {
-  person.message({"", language::global().getMultilangMessageDefault("Error", "GENERIC/error/title"),
-                  "Error : " + trouble, platform::Buttons::Ok, platform::Icon::Critical});
+  const CMultiLangEx& texts = language::global();
+  constexpr char errorKey[] = "DATAS/MSG/CutData/error/text";
+  person.message({errorKey, texts.getMultilangMessageDefault("Error", "GENERIC/error/title"),
+                  texts.getMultilangMessageDefault("Error : {0}", errorKey, trouble),
+                  platform::Buttons::Ok, platform::Icon::Critical});
 }
 
 } // namespace
@@ -109,7 +112,8 @@ DataItem* newData(TargetItem& target) {
   return target.datas()->AddDataSorted(std::move(data));
 }
 
-bool CutData(TargetItem& target, SelectedDatas datas, platform::Person& person) {
+bool CutData(TargetItem& target, SelectedDatas datas, platform::Person& person,
+             const std::function<void(DataItem*)>& deletes) {
   const auto isUnused = unusedDatas(target);
   // Data that nothing hangs on go together at the end: one pass over the list and not one each.
   std::unordered_set<const DataItem*> unused;
@@ -127,7 +131,10 @@ bool CutData(TargetItem& target, SelectedDatas datas, platform::Person& person) 
     const std::string name = data->dataName();
     if (askDeleteUsed(name, requestLines(target, name), person) != platform::Answer::Yes) continue;
     try {
-      target.DeleteData(data);
+      if (deletes)
+        deletes(data);
+      else
+        target.DeleteData(data);
       deleted = true;
     } catch (const Failure& failure) {
       tell(failure.text, person);

@@ -20,8 +20,10 @@ std::vector<DataItem*> listedDatas(const TargetItem& target, bool descending = f
 DataItem* newData(TargetItem& target);
 
 /// Deletes the selected data one after the other, asking before each one that is used, and once for
-/// those that are not. True when one was deleted.
-bool CutData(TargetItem& target, SelectedDatas datas, platform::Person& person);
+/// those that are not. True when one was deleted. A data that is used goes by `deletes`, which is
+/// TargetItem::DeleteData when nothing is given; what it raises is told, and the next one follows.
+bool CutData(TargetItem& target, SelectedDatas datas, platform::Person& person,
+             const std::function<void(DataItem*)>& deletes = {});
 
 /// The commands that change the names of the selected data, each with what it asks.
 std::span<const NameCommand> dataNameCommands();

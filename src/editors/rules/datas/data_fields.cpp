@@ -6,17 +6,21 @@
 #include "base/text.h"
 #include "language/multi_lang.h"
 
+#include <optional>
+
 namespace kelmar {
 
 namespace {
 
-/// Writes a coefficient; its field is the source of a failure.
-void takeCoefficient(Coefficient& coefficient, const std::string& text, const char* field) {
+/// Writes a coefficient. The first one that is no number is told in `refused`, with its field as
+/// the source, and leaves the data as it is.
+void takeCoefficient(Coefficient& coefficient, const std::string& text, const char* field,
+                     std::optional<Failure>& refused) {
   if (!coefficientDiffers(text, coefficient)) return;
   try {
     coefficient = coefficientOf(text);
   } catch (const Failure& failure) {
-    throw Failure(failure.number, field, failure.text);
+    if (!refused) refused.emplace(failure.number, field, failure.text);
   }
 }
 
@@ -77,8 +81,9 @@ bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Perso
   data.Mnemo = fields.TextMnemo;
   data.Unite = fields.TextUnite;
   data.DataFormat = fields.TextFormat;
-  takeCoefficient(data.CoeffA, fields.TextCoeffA, "TextCoeffA");
-  takeCoefficient(data.CoeffB, fields.TextCoeffB, "TextCoeffB");
+  std::optional<Failure> refused;
+  takeCoefficient(data.CoeffA, fields.TextCoeffA, "TextCoeffA", refused);
+  takeCoefficient(data.CoeffB, fields.TextCoeffB, "TextCoeffB", refused);
   if (isCoefficient(fields.TextCoeffC) && coefficientOf(fields.TextCoeffC) == 0.0) {
     const CMultiLangEx& texts = language::global();
     constexpr char zeroKey[] = "DATAS/MSG/CoefficientCcheckZero/text";
@@ -90,7 +95,7 @@ bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Perso
                     platform::Buttons::Ok, platform::Icon::Exclamation});
     return false;
   }
-  takeCoefficient(data.CoeffC, fields.TextCoeffC, "TextCoeffC");
+  takeCoefficient(data.CoeffC, fields.TextCoeffC, "TextCoeffC", refused);
   data.Description = fields.TextDescription;
   data.Ascii = fields.RBascii;
   data.numerique = fields.OPtype != DataType::NotNumeric;
@@ -108,6 +113,7 @@ bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Perso
     data.NumberBits = toInt32(fields.NotNumericNumberBytes * 8);
     break;
   }
+  if (refused) throw Failure(*refused);
   return true;
 }
 

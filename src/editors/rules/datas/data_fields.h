@@ -47,8 +47,8 @@ bool divisorIsZero(const DataItem& data);
 
 /// Copies the fields into the data, in their fixed order; the value list is not among them. False
 /// when C is 0: a box has said so, and what stands behind CoeffB in the order is not copied. Raises
-/// Failure, whose source is the name of the field, for a coefficient that is no number; what stands
-/// before it stays copied.
+/// Failure, whose source is the name of the field, for the first coefficient that is no number; it
+/// alone is not copied.
 bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Person& person);
 
 } // namespace kelmar

@@ -108,7 +108,8 @@ DataText copyDatasText(SelectedDatas datas) {
   return {text.text(), text.hasBrokenCell()};
 }
 
-DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Person& person) {
+DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Person& person,
+                         const TakesLog& takesLog) {
   DataPaste result;
   if (!target.datas()) return result;
   ComingDatas datas(target);
@@ -147,6 +148,7 @@ DataPaste pasteDatasText(std::string_view text, TargetItem& target, platform::Pe
     result.changed = true;
   }
   datas.finish();
+  if (takesLog && !result.clipboard.empty()) takesLog(result.clipboard);
   if (!warnings.empty()) showWarnings(warnings, person);
   return result;
 }

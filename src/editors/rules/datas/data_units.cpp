@@ -73,7 +73,8 @@ std::string unitOf(std::string_view caption) {
 }
 
 bool loadUnits(xml::Document& units, const std::string& site) {
-  if (!site.empty() && (units.load(site + "/vehicles/units.xml") || units.load(site + "/units.xml")))
+  if (!site.empty() &&
+      (units.load(site + "/vehicles/units.xml") || units.load(site + "/units.xml")))
     return true;
   return units.load("units.xml");
 }

@@ -24,11 +24,12 @@ std::string copyDatas(SelectedDatas datas) {
 }
 
 DataPaste pasteDatas(std::string_view clipboard, OmnikorLibXml& database, TargetItem& target,
-                     platform::Person& person) {
+                     platform::Person& person, const TakesLog& takesLog) {
   const std::string_view text = upToZero(clipboard);
   if (!target.datas()) return {};
   xml::Document document;
-  if (!document.loadXML(std::string(text))) return pasteDatasText(text, target, person);
+  if (!document.loadXML(std::string(text)))
+    return pasteDatasText(text, target, person, takesLog);
   const xml::Node root = document.root();
   if (std::string_view(root.name()) != "Datas") {
     const CMultiLangEx& texts = language::global();

@@ -227,7 +227,8 @@ class Reader {
     } else if (word == "fcharset" && destination == Destination::Fonts) {
       if (number == 2) symbolFonts_.insert(group().look.font);
       pages_[group().look.font] = codePageOfCharset(number, 0);
-    } else if (destination == Destination::Colours && (word == "red" || word == "green" || word == "blue")) {
+    } else if (destination == Destination::Colours &&
+               (word == "red" || word == "green" || word == "blue")) {
       const int shift = word == "red" ? 16 : word == "green" ? 8 : 0;
       colour_ = colour_.value_or(0) | std::clamp(number, 0, 255) << shift;
     } else if (word == "pntext" || word == "listtext") {
