@@ -163,7 +163,6 @@ void UceAutoIdents::DisplayParam(OmnikorLibXml* database) {
                                             : std::make_shared<AutoIdentItems>();
   fillList(items_->Count() > 0 ? items_->Item(1) : nullptr);
   FRidentVal->setEnabled(target() != nullptr);
-  showSearchResult({}, {});
 }
 
 void UceAutoIdents::GetDataFromScreen() {
