@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/colours.h"
+#include "controls/named.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "editors/uce_datas_parts.h"
@@ -27,23 +28,14 @@ using desktop::qs;
 
 namespace {
 
-template <class Widget> Widget* named(const char* name, QWidget* parent) {
-  auto* widget = new Widget(parent);
-  widget->setObjectName(QLatin1String(name));
-  return widget;
-}
-
 template <class Button> Button* button(const char* name, const char* caption, QWidget* parent) {
   Button* made = named<Button>(name, parent);
   made->setText(QLatin1String(caption));
   return made;
 }
 
-void addField(QFormLayout& form, const char* name, const char* caption, QWidget* field) {
-  auto* label = named<QLabel>(name, field->parentWidget());
-  label->setText(QLatin1String(caption));
-  label->setBuddy(field);
-  form.addRow(label, field);
+void addField(QFormLayout& form, const char* name, const char* text, QWidget* field) {
+  form.addRow(caption(name, text, field, field->parentWidget()), field);
 }
 
 /// Its limits come with the data that it shows.
