@@ -128,6 +128,7 @@ void ListPage::fill(const std::function<void()>& select) {
   {
     const Raised filling(filling_);
     list_->rows().setRows(items());
+    SortByHeader(*list_);
     select();
   }
   refreshCount();

@@ -118,6 +118,12 @@ void SortListViewColumn(ListView& list, int column, int type, int order) {
   rows.sortRows(column - 1, static_cast<SortType>(type), direction);
 }
 
+void SortByHeader(ListView& list) {
+  const QHeaderView& header = *list.header();
+  if (list.isSortingEnabled() && header.sortIndicatorSection() >= 0)
+    list.rows().sort(header.sortIndicatorSection(), header.sortIndicatorOrder());
+}
+
 void ListViewSelectAll(ListView& list) {
   const Still still(list);
   const RowsModel& rows = list.rows();

@@ -56,6 +56,9 @@ class ListView : public QTreeView {
 /// ascending, 1 descending. Without effect for a column or type that is none.
 void SortListViewColumn(ListView& list, int column, int type, int order);
 
+/// Sorts by what the header shows, after the rows were set anew. Without effect when it shows none.
+void SortByHeader(ListView& list);
+
 void ListViewSelectAll(ListView& list);
 void ListViewSelectNone(ListView& list);
 

@@ -8,6 +8,14 @@ namespace kelmar {
 
 using desktop::qs;
 
+namespace {
+
+/// Each action of a menu costs as much as all those before it: the entries of a longer sub-menu are
+/// made when it is opened.
+constexpr std::size_t mostEntriesAtOnce = 200;
+
+} // namespace
+
 void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuChoice& chosen) {
   for (const MenuEntry& entry : entries) {
     QString text = qs(entry.text);
@@ -21,7 +29,14 @@ void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuChoi
       below->setObjectName(qs(entry.key));
       below->menuAction()->setObjectName(qs(entry.key));
       below->setEnabled(entry.enabled);
-      fillMenu(*below, entry.entries, chosen);
+      if (entry.entries.size() <= mostEntriesAtOnce) {
+        fillMenu(*below, entry.entries, chosen);
+        continue;
+      }
+      QObject::connect(below, &QMenu::aboutToShow, below,
+                       [below, entries = entry.entries, chosen] {
+                         if (below->isEmpty()) fillMenu(*below, entries, chosen);
+                       });
       continue;
     }
     QAction* action = menu.addAction(text);

@@ -239,7 +239,8 @@ void ZEMnumeric::Refresh() {
 
 void ZEMnumeric::commitText() {
   if (showsValue()) {
-    setvalue(value_);
+    // A value that was set while it was free may lie outside the limits that hold for typing; nobody
+    // has typed it.
   } else if (const auto number = readNumber(u8(text()), rules_.Base)) {
     setvalue(*number);
   } else {
