@@ -74,5 +74,7 @@ std::string leftCharacters(std::string_view text, std::size_t count);
 
 /// Pasted names may have so many characters.
 inline constexpr std::size_t longestPastedName = 70;
+/// Bytes of a frame that pasted numbers may reach to.
+inline constexpr int longestPastedFrame = 4095;
 
 } // namespace kelmar

@@ -299,6 +299,7 @@ void PositionPane::choose(DataPositionItem* position) {
   const bool pending = edits_.changed();
   TestAndConfirmChangeDataPos();
   if (pending) renewRows();
+  else if (isAdding()) drawView(); // with the data in whose place another one was shown
   active_ = position;
   shownName_ = position->dataName;
   selectPreview();

@@ -35,6 +35,8 @@ class PositionHost {
   virtual bool requestChanged() const = 0;
   /// Takes over the fields of the request; what failed, if something did.
   virtual std::optional<Failure> GetRequestFromScreen() = 0;
+  /// Brings the frame that could not be taken over to the front.
+  virtual void goToBadFrame() = 0;
   /// As ListPage::SetChanged.
   virtual void positionsChanged(int kind) = 0;
   virtual void saved() = 0;
@@ -63,17 +65,23 @@ class PositionPane : public QWidget {
   void ClearDataPosScreen();
   bool TestAndConfirmChangeDataPos();
   void GetDataPosFromScreen();
+  /// What is typed is dropped; the next filling shows the placement that was shown.
+  void drop();
   /// The placement of another side, or of another request, is to be shown.
   void leave();
 
   bool dataPosChanged() const { return edits_.changed(); }
   void clearChanged() { edits_.clear(); }
   bool isActive() const { return active_ != nullptr; }
+  /// The data that is chosen where a frame that holds it is shown: one that was led to, or placed,
+  /// last.
   const std::string& lastDataName() const { return lastDataName_; }
-  void setLastDataName(const std::string& name) { lastDataName_ = name; }
+  void setLastDataName(const std::string& name);
+  /// The data in the fields; without one, the one that is to be chosen.
+  const std::string& dataName() const { return active_ ? active_->dataName : lastDataName_; }
   void refreshCommands();
-  /// What the page's own translation leaves: names for readers, and columns as wide as their
-  /// captions.
+  /// What the page's own translation leaves: names for readers, the texts of rows and of CBadd, the
+  /// warning line, and columns as wide as their captions.
   void retranslate();
 
  protected:
@@ -83,12 +91,16 @@ class PositionPane : public QWidget {
   // position_pane.cpp
   void makeControls();
   void layOut();
+  void setRows(std::vector<PositionRow> rows);
   void fillView(const RequestItem& request);
   void drawView();
   void showRows();
+  bool renewTexts();
   void renewRows();
-  PositionRow* rowOf(RowTag tag) const;
+  const PositionRow* rowOf(RowTag tag) const;
+  bool isOutside() const;
   void rowChosen();
+  void rowClicked();
   void choose(DataPositionItem* position);
   void settle();
   void selectPreview();
@@ -130,8 +142,10 @@ class PositionPane : public QWidget {
   DataPositionItem* active_ = nullptr;
   DisplayRespData* preview_ = nullptr;
   std::string lastDataName_;
+  std::string shownName_; // of the row that stays chosen while the same frame is shown
   FrameBit clicked_;
-  mutable std::vector<PositionRow> rows_;
+  bool chosenByPress_ = false; // the click that follows is not to choose a second time
+  std::vector<PositionRow> rows_;
   std::unordered_map<RowTag, std::size_t> rowOfTag_;
   bool filling_ = false;
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/hourglass.h"
+#include "controls/list_page.h"
 #include "desktop/clipboard.h"
 #include "desktop/qt_text.h"
 #include "editors/position_pane.h"
@@ -22,8 +23,6 @@ using desktop::u8;
 
 namespace {
 
-// Kinds of change, as in ListPage.
-constexpr int deleted = 1, pasted = 2, flagged = 4;
 constexpr int leftButton = 1, rightButton = 2;
 
 } // namespace
@@ -52,10 +51,10 @@ void PositionPane::makeCommands() {
         .run = run(&PositionPane::paste), .enabled = enabled("paste"),
         .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
        {.key = "ref", .toolTip = "Define data as reference (F9)", .icon = "ref",
-        .run = [this] { setReference(true); }, .enabled = enabled("ref"),
+        .run = [this] { guarded([this] { setReference(true); }); }, .enabled = enabled("ref"),
         .shortcuts = {QKeySequence(Qt::Key_F9)}},
        {.key = "unref", .toolTip = "Undefine data as reference (F10)", .icon = "unref",
-        .run = [this] { setReference(false); }, .enabled = enabled("unref"),
+        .run = [this] { guarded([this] { setReference(false); }); }, .enabled = enabled("unref"),
         .shortcuts = {QKeySequence(Qt::Key_F10)}},
        {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVposdata); },
         .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
@@ -87,6 +86,7 @@ PositionPaneState PositionPane::state() const {
   return {.request = host_.activeRequest() != nullptr,
           .active = active_ != nullptr,
           .selected = static_cast<int>(LVposdata->selectedTags().size()),
+          .pending = edits_.changed() || (active_ && active_->data() && isAdding()),
           .clipboardHasText = false};
 }
 
@@ -108,7 +108,7 @@ void PositionPane::guarded(const std::function<void()>& action) {
 void PositionPane::bitPressed(int byte, int cell, int button) {
   if (!host_.activeRequest()) return;
   clicked_ = {byte, cell};
-  if (button == leftButton) selectBit(clicked_);
+  if (button == leftButton) guarded([this] { selectBit(clicked_); });
   if (button != rightButton) return;
   PositionPaneState now = state();
   now.clipboardHasText = !desktop::clipboardText().empty();
@@ -136,7 +136,9 @@ void PositionPane::selectBit(const FrameBit& bit) {
     LVposdata->scrollTo(first);
   }
   filling_ = false;
-  rowChosen();
+  // Also the data that is shown already: its fields may hold another name.
+  if (!hit.empty()) choose(hit.front());
+  refreshCommands();
 }
 
 void PositionPane::chosen(const MenuEntry& entry) {
@@ -174,8 +176,8 @@ void PositionPane::bitMenuChosen(const MenuEntry& entry) {
 }
 
 void PositionPane::created(DataPositionItem* position) {
-  if (position) lastDataName_ = position->dataName;
-  rebuild(pasted);
+  if (position) setLastDataName(position->dataName);
+  rebuild(ListPage::Pasted);
 }
 
 void PositionPane::rebuild(int kind) {
@@ -188,7 +190,7 @@ void PositionPane::rebuild(int kind) {
 
 void PositionPane::cancel() {
   if (!active_) return;
-  if (!host_.requestChanged()) host_.cancelled();
+  if (edits_.changed() && !host_.requestChanged()) host_.cancelled();
   edits_.clear();
   host_.refreshRequest();
   setScreen_DataPos();
@@ -201,6 +203,7 @@ void PositionPane::save() {
                      language::global().getMultilangMessageDefault(
                          "User Error", "REQUESTS/MSG/TBPosData_ButtonClick/userError/title"),
                      failure->text, platform::Buttons::Ok, platform::Icon::Critical});
+    host_.goToBadFrame(); // asks about the placement when it lies on the other side
   } else {
     GetDataPosFromScreen();
     edits_.clear();
@@ -237,10 +240,10 @@ void PositionPane::addOrModify() {
   const DataPositionItem* added = addByFields(*request, wanted, host_.sentShown(), person_);
   if (!added) return;
   edits_.clear(); // what was typed is that of the new placement
-  lastDataName_ = added->dataName;
+  setLastDataName(added->dataName);
   host_.refreshRequest();
   setScreen_DataPos();
-  host_.positionsChanged(pasted);
+  host_.positionsChanged(ListPage::Pasted);
 }
 
 void PositionPane::cut() {
@@ -248,7 +251,17 @@ void PositionPane::cut() {
   settle();
   desktop::setClipboardText(copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(),
                                               selected()));
-  if (CutData(target(), selected(), person_) > 0) rebuild(deleted);
+  bool confirmed = false;
+  const int gone = CutData(target(), selected(), person_, [&] {
+    confirmed = true;
+    ClearDataPosScreen();
+    filling_ = true;
+    LVposdata->rows().setRows({}); // nothing is to show an item that is gone
+    filling_ = false;
+    setRows({});
+  });
+  if (gone > 0) rebuild(ListPage::Deleted);
+  else if (confirmed) setScreen_DataPos();
 }
 
 void PositionPane::copy() {
@@ -273,7 +286,7 @@ void PositionPane::paste() {
                                           target(), *request, host_.sentShown(), person_);
   refreshDatas();
   if (changed) {
-    rebuild(pasted);
+    rebuild(ListPage::Pasted);
     return;
   }
   ClearDataPosScreen();
@@ -287,14 +300,14 @@ void PositionPane::setReference(bool reference) {
   const bool changed = reference ? RefDataPos(target(), selected(), person_)
                                  : UnRefDataPos(target(), selected(), person_);
   setScreen_DataPos();
-  if (changed) host_.positionsChanged(flagged);
+  if (changed) host_.positionsChanged(ListPage::Flagged);
 }
 
 void PositionPane::changeEndian(bool toDefault) {
   settle();
   const bool changed =
       toDefault ? setEndianDefault(target(), selected()) : toggleEndian(selected());
-  if (changed) rebuild(flagged);
+  if (changed) rebuild(ListPage::Flagged);
 }
 
 void PositionPane::replaceWith(const MenuEntry& entry) {
@@ -309,10 +322,10 @@ void PositionPane::replaceWith(const MenuEntry& entry) {
   }
   if (!item) return;
   const bool replaced = replaceData(target(), *active_, *item, person_);
-  if (replaced) lastDataName_ = item->dataName();
+  if (replaced) shownName_ = item->dataName();
   edits_.clear();
   setScreen_DataPos();
-  if (replaced || entry.names.empty()) host_.positionsChanged(flagged);
+  if (replaced || entry.names.empty()) host_.positionsChanged(ListPage::Flagged);
 }
 
 } // namespace kelmar

@@ -44,6 +44,7 @@ class UceRequests : public ListPage {
   RowTag itemNamed(const std::string& name) const override;
   std::string countText(int rows) const override;
   void showItem(RowTag item) override;
+  bool hasPendingEdits() const override;
   void confirmedByClick(bool applied) override;
   void stateMoved() override;
   void changeEvent(QEvent* event) override;

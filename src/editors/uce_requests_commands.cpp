@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QToolBar>
 
+#include <algorithm>
+
 namespace kelmar {
 
 using desktop::qs;
@@ -27,12 +29,12 @@ void UceRequests::Parts::makeCommands() {
   };
   std::vector<Command> all = page.findCommands();
   all.push_back({.key = "cancel", .toolTip = "Cancel change (Ctrl Z)", .icon = "cancel",
-                 .run = [this] { cancel(); }, .enabled = enabled("cancel"),
+                 .run = [this] { page.guarded([this] { cancel(); }); }, .enabled = enabled("cancel"),
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}});
   all.push_back({.key = "valid", .toolTip = "Valid change", .icon = "valid",
-                 .run = [this] { ValidChange(false); }, .enabled = enabled("valid")});
+                 .run = [this] { page.guarded([this] { ValidChange(false); }); }, .enabled = enabled("valid")});
   all.push_back({.key = "save", .toolTip = "Save change (Ctrl S)", .icon = "save",
-                 .run = [this] { ValidChange(true); }, .enabled = enabled("save"),
+                 .run = [this] { page.guarded([this] { ValidChange(true); }); }, .enabled = enabled("save"),
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}});
   all.push_back({.key = "help", .toolTip = "Help (F1)", .icon = "help", .run = [this] { help(); },
                  .shortcuts = {QKeySequence(Qt::Key_F1)}});
@@ -58,7 +60,8 @@ void UceRequests::Parts::makeCommands() {
   connect(cbExportSendBufferToHex, &QPushButton::clicked, &page, [this] {
     exportSendBufferToHex(u8(TextReqBytes->text()), page.person());
   });
-  connect(cbImportSendBufferFromHex, &QPushButton::clicked, &page, [this] { importHex(); });
+  connect(cbImportSendBufferFromHex, &QPushButton::clicked, &page,
+          [this] { page.guarded([this] { importHex(); }); });
 }
 
 /// In the fields these keys are those of any text.
@@ -70,7 +73,11 @@ std::vector<Command> UceRequests::Parts::listKeys() {
     return [this, action] { page.guarded([this, action] { (this->*action)(); }); };
   };
   const auto references = [this, enabled](const char* key, int letter, bool parameters, bool set) {
-    return Command{.key = key, .run = [this, parameters, set] { setReferences(parameters, set); },
+    return Command{.key = key,
+                   .run =
+                       [this, parameters, set] {
+                         page.guarded([&] { setReferences(parameters, set); });
+                       },
                    .enabled = enabled(key),
                    .shortcuts = {QKeySequence(Qt::CTRL | Qt::ALT | static_cast<Qt::Key>(letter))}};
   };
@@ -104,6 +111,7 @@ RequestPageState UceRequests::Parts::state() const {
   now.open = target() != nullptr;
   now.active = request() != nullptr;
   now.selected = static_cast<int>(LVrequests->selectedTags().size());
+  now.pending = page.hasPendingEdits();
   now.canRvt = settings != nullptr;
   return now;
 }
@@ -150,23 +158,21 @@ bool UceRequests::Parts::chooseRows(const std::string& key) {
 }
 
 bool UceRequests::Parts::runOnFlags(const std::string& key) {
-  const auto announce = [this](const RequestSelection& changed) {
-    for (RequestItem* item : changed) LVrequests->rows().refresh(item);
-    if (request()) {
+  const auto set = [this](auto setFlag, QCheckBox& box, bool value) {
+    const RequestSelection changed = setFlag(selected(), value);
+    if (changed.empty()) return true;
+    LVrequests->rows().refreshAll();
+    if (std::find(changed.begin(), changed.end(), request()) != changed.end()) {
       const EditState::Loading loading = page.edits().load();
-      for (const RequestItem* item : changed) {
-        if (item != request()) continue;
-        CheckManualSend->setChecked(item->ManuelSend);
-        CheckReport->setChecked(item->DossierMaintenabilite);
-      }
+      box.setChecked(value);
     }
-    if (!changed.empty()) page.SetChanged(Flagged);
+    applied(Flagged);
     return true;
   };
-  if (key == "PopupReqManuelSet") return announce(setManuelSend(selected(), true));
-  if (key == "PopupReqManuelClear") return announce(setManuelSend(selected(), false));
-  if (key == "PopupReqDMSet") return announce(setDossierMaintenabilite(selected(), true));
-  if (key == "PopupReqDMClear") return announce(setDossierMaintenabilite(selected(), false));
+  if (key == "PopupReqManuelSet") return set(setManuelSend, *CheckManualSend, true);
+  if (key == "PopupReqManuelClear") return set(setManuelSend, *CheckManualSend, false);
+  if (key == "PopupReqDMSet") return set(setDossierMaintenabilite, *CheckReport, true);
+  if (key == "PopupReqDMClear") return set(setDossierMaintenabilite, *CheckReport, false);
   const bool parameters = key.starts_with("PopupReqRefParam");
   if (!parameters && !key.starts_with("PopupReqRefData")) return false;
   setReferences(parameters, key.ends_with("Set"));
@@ -179,7 +185,7 @@ void UceRequests::Parts::setReferences(bool parameters, bool setFlag) {
   if (changed.empty()) return;
   for (const RequestItem* item : changed)
     if (item == request()) positions->setScreen_DataPos();
-  page.SetChanged(Flagged);
+  applied(Flagged);
 }
 
 void UceRequests::Parts::newOne() {
@@ -241,8 +247,11 @@ void UceRequests::Parts::copyText() {
 }
 
 void UceRequests::Parts::copyTradConfig() {
-  if (const std::string text = tradConfigText(selected()); !text.empty())
-    desktop::setClipboardText(text);
+  bool broken = false;
+  const std::string text = tradConfigText(selected(), broken);
+  if (text.empty()) return;
+  desktop::setClipboardText(text);
+  if (broken) warnBroken();
 }
 
 void UceRequests::Parts::pasteData(const std::string& text) {
@@ -269,7 +278,7 @@ void UceRequests::Parts::changeNames(const std::string& key) {
   if (request()) page.rememberName(request()->requestName);
   showCaption();
   ShowErrorMsg();
-  page.SetChanged(Renamed);
+  applied(Renamed);
 }
 
 namespace {
@@ -286,6 +295,7 @@ void tell(platform::Person& person, const char* key, const std::string& text) {
 void UceRequests::Parts::normalizeReply() {
   RequestItem* item = request();
   if (!item) return;
+  const bool pending = page.edits().changed();
   const CMultiLangEx& texts = language::global();
   if (!item->RequestBytes) withoutBytes.insert(item);
   const bool changed = NormalizeReplyTemplate(*item, *target());
@@ -305,7 +315,7 @@ void UceRequests::Parts::normalizeReply() {
              "The reply template is OK. No change applied to the database.",
              "REQUESTS/MSG/PopupReplyTemplateNormalize_Click/noChange/text"));
     page.SetChanged(Edited);
-    page.SetChanged(Flagged);
+    applied(Flagged, pending);
     return;
   }
   tell(page.person(), "REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
@@ -318,6 +328,7 @@ void UceRequests::Parts::normalizeReply() {
 void UceRequests::Parts::normalizeAllReplies() {
   if (!target()) return;
   const CMultiLangEx& texts = language::global();
+  const bool pending = page.edits().changed();
   int count = 0;
   for (const RowTag tag : LVrequests->rows().tags()) {
     auto& item = *static_cast<RequestItem*>(tag);
@@ -346,7 +357,7 @@ void UceRequests::Parts::normalizeAllReplies() {
            "blue bold in the list.{crlf}{crlf}You should save the database to keep modifications.",
            "REQUESTS/MSG/PopupReplyTemplateNormalizeAll_Click/change/text", std::to_string(count)));
   page.SetChanged(Edited);
-  page.SetChanged(Flagged);
+  applied(Flagged, pending);
 }
 
 void UceRequests::Parts::generateTests() {

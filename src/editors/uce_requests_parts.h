@@ -74,10 +74,14 @@ struct UceRequests::Parts : PositionHost {
   // uce_requests.cpp
   TargetItem* target() const { return database ? database->ActiveTarget.get() : nullptr; }
   RequestItem* request() const { return page.activeItem<RequestItem>(); }
+  void translate();
   void nameForReaders();
+  RequestFields typedFields() const;
   RequestFields readControls() const;
   void showControls(const RequestFields& fields);
   void edited();
+  void applied(int kind);
+  void applied(int kind, bool pending);
   void frameEdited(QLineEdit& field);
   void frameChanged(QLineEdit& field);
   void numberEdited(const ZEMnumeric& field, std::int32_t inItem);
@@ -100,6 +104,7 @@ struct UceRequests::Parts : PositionHost {
   bool sentShown() const override { return activeTab == 1; }
   bool requestChanged() const override { return page.edits().changed(); }
   std::optional<Failure> GetRequestFromScreen() override;
+  void goToBadFrame() override;
   void positionsChanged(int kind) override;
   void saved() override { emit page.OnSave(false); }
   void validated() override { page.announceApplied(); }
@@ -115,6 +120,10 @@ struct UceRequests::Parts : PositionHost {
   OmnikorLibXml* database = nullptr;
   int activeTab = 1;
   bool errorShown = false;
+  BadFrame::Field badFrame = BadFrame::Field::RequestBytes;
+  RowTag shownItem = nullptr;
+  /// A data was led to before its request was there: its side comes to the front with it, once.
+  bool sideWanted = false;
   /// Rows that a normalisation of reply templates has marked, until the list is filled again.
   std::unordered_set<RowTag> normalised, withoutBytes;
   /// Rows that have looked like all others since they were renamed, until they are shown anew.

@@ -132,7 +132,7 @@ TEST(PositionMenu, StateMatrix) {
     const char* key;
     const char* allowed; // n no request, r request, p position in the fields, s selected, too
   };
-  const Row rows[] = {{"cancel", "ps"}, {"save", "ps"}, {"cut", "s"}, {"copy", "s"},
+  const Row rows[] = {{"cancel", ""}, {"save", "ps"}, {"cut", "s"}, {"copy", "s"},
                       {"paste", "rps"}, {"ref", "s"}, {"unref", "s"}, {"ppDataCut", "s"},
                       {"ppDataCopyText", "s"}, {"ppDataPaste", "rps"}, {"ppDataReplace", "s"},
                       {"ppDataAssociateDevice", "s"}, {"ppDataToggleEndian", "s"},
@@ -148,6 +148,8 @@ TEST(PositionMenu, StateMatrix) {
           << row.key << " in " << name;
   EXPECT_TRUE(isPositionCommandEnabled("PopupCreateDataC",
                                        {.request = true, .clipboardHasText = true}));
+  EXPECT_TRUE(isPositionCommandEnabled("cancel",
+                                       {.request = true, .active = true, .pending = true}));
 }
 
 TEST(CreateDataMenu, HoldsAllSizesWithTheirPlacesInTheMenus) {

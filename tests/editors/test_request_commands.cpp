@@ -202,11 +202,17 @@ TEST(TradConfig, GivesEachSentDataOnceWithItsValues) {
   RequestItem& second = ecu.addRequest("B");
   ecu.place(second, "Mode", true);
   ecu.place(second, "Plain", true);
-  EXPECT_EQ(tradConfigText(ecu.allRequests()), "Mode\t2 bits\tthe mode\t\t0\tOff\t\t\t\r\n"
-                                               "\t\t\t\t1\tOn\t\t\t\r\n"
-                                               "Vin\t17 bytes\t\t\t\t\t\t\t\r\n"
-                                               "Plain\t12 bits\t\t\t\t\t\t\t\r\n");
-  EXPECT_EQ(tradConfigText({}), "");
+  bool broken = true;
+  EXPECT_EQ(tradConfigText(ecu.allRequests(), broken),
+            "Mode\t2 bits\tthe mode\t\t0\tOff\t\t\t\r\n"
+            "\t\t\t\t1\tOn\t\t\t\r\n"
+            "Vin\t17 bytes\t\t\t\t\t\t\t\r\n"
+            "Plain\t12 bits\t\t\t\t\t\t\t\r\n");
+  EXPECT_FALSE(broken);
+  EXPECT_EQ(tradConfigText({}, broken), "");
+  list.Description = "the\nmode";
+  tradConfigText(ecu.allRequests(), broken);
+  EXPECT_TRUE(broken);
 }
 
 TEST(CreateDevices, OnlyWhereAReceivedDataIsFree) {

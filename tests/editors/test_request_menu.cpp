@@ -84,7 +84,7 @@ TEST(RequestMenu, StateMatrix) {
     const char* allowed; // c closed, o open, s selected, a selected and active
   };
   const Row rows[] = {
-      {"cancel", "a"}, {"valid", "a"}, {"save", "a"}, {"new", "osa"}, {"rename", "a"},
+      {"cancel", ""}, {"valid", "a"}, {"save", "a"}, {"new", "osa"}, {"rename", "a"},
       {"find", "osa"}, {"cut", "sa"}, {"copy", "sa"}, {"paste", "osa"}, {"help", "cosa"},
       {"PopupReqCut", "sa"}, {"PopupReqCopyText", "sa"}, {"PopupReqPaste", "osa"},
       {"mnuRequestSelectAll", "osa"}, {"mnuRequestSelectWithParam", "osa"},
@@ -102,6 +102,7 @@ TEST(RequestMenu, StateMatrix) {
       EXPECT_EQ(isRequestCommandEnabled(row.key, state),
                 std::string(row.allowed).find(name) != std::string::npos)
           << row.key << " in " << name;
+  EXPECT_TRUE(isRequestCommandEnabled("cancel", {.open = true, .active = true, .pending = true}));
 }
 
 TEST(RequestGoto, NamesDisplaysAndButtonsOfScreens) {

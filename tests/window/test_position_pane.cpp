@@ -4,6 +4,10 @@
 // The placed data of one side of a request: list, fields, tool bar and menu.
 #include "window/uce_requests_fixture.h"
 
+#include <QApplication>
+#include <QHeaderView>
+#include <QWheelEvent>
+
 namespace kelmar {
 namespace {
 
@@ -57,9 +61,52 @@ TEST_F(PositionPaneOfRequests, TypingAStartByteMovesTheBitsAndCancelReturnsThem)
   EXPECT_EQ(recorder.take(), (Events{"UceRequests1.OnCancel()"}));
 }
 
-TEST_F(PositionPaneOfRequests, CancelOfAPageWithoutOtherChangesIsTold) {
+TEST_F(PositionPaneOfRequests, CancelIsThereForWhatIsPendingOnly) {
+  EXPECT_FALSE(isUsable("cancel", "TBPosData"));
+  chooseName("Level");
   key("cancel", "TBPosData");
-  EXPECT_EQ(recorder.take(), (Events{"UceRequests1.OnCancel()"}));
+  EXPECT_EQ(u8(names().currentText()), "Wide");
+  EXPECT_EQ(tag(), "MOD");
+  EXPECT_EQ(recorder.take(), Events{}) << "nothing was changed, so nothing was cancelled";
+}
+
+TEST_F(PositionPaneOfRequests, AClickOnTheCurrentRowLeadsBackToItsData) {
+  chooseName("Level");
+  ASSERT_EQ(tag(), "ADD");
+  clickRow(placed(), 0);
+  EXPECT_EQ(tag(), "MOD");
+  EXPECT_EQ(u8(names().currentText()), "Wide");
+  EXPECT_TRUE(view().datas()->FindItem(16, 2, 4)->Selected);
+  chooseName("Level");
+  clickBit(1, 3); // of Wide
+  EXPECT_EQ(tag(), "MOD");
+  EXPECT_EQ(u8(names().currentText()), "Wide");
+  EXPECT_TRUE(view().datas()->FindItem(16, 2, 4)->Selected);
+}
+
+TEST_F(PositionPaneOfRequests, TheRowsKeepTheOrderOfTheirHeader) {
+  placed().header()->setSortIndicator(0, Qt::AscendingOrder); // Speed, Wide
+  clickRow(placed(), 1);
+  retype(numberText("ValStartBit"), "3");
+  key("save", "TBPosData");
+  EXPECT_EQ(placed().rows().tagAt(0), &position("Read", "Speed"));
+  EXPECT_EQ(selectedDatas(), "Wide") << "and what was chosen stays";
+  EXPECT_EQ(u8(names().currentText()), "Wide");
+}
+
+TEST_F(PositionPaneOfRequests, TheWheelPassesOverTheName) {
+  const auto turn = [this] {
+    QWheelEvent wheel({5, 5}, names().mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&names(), &wheel);
+  };
+  names().setCurrentText("Speed");
+  list().setFocus();
+  turn();
+  EXPECT_EQ(u8(names().currentText()), "Speed");
+  names().setFocus();
+  turn();
+  EXPECT_EQ(u8(names().currentText()), "Level");
 }
 
 TEST_F(PositionPaneOfRequests, SaveTakesPlacementAndRequestOver) {
@@ -244,6 +291,45 @@ TEST_F(PositionPaneOfRequests, DataBehindTheRequestIsOnlyAWarningForAReadOfFault
   recorder.take();
   key("valid");
   EXPECT_EQ(recorder.take(), saved) << "nothing is refused";
+}
+
+TEST_F(PositionPaneOfRequests, InARequestOfFourBytesADataThatEndsAtByteFiveIsRedAndNotDrawn) {
+  add("ReadDTC", "17FF0000", "57");
+  place("ReadDTC", "Wide", true, 3, 0);
+  enterAgain();
+  clickRow(list(), 3);
+  tab(0);
+  EXPECT_TRUE(view().datas()->FindItem(16, 3, 0)) << "it ends at byte 4";
+  EXPECT_EQ(view().BackColor(), 0x8000000Fu);
+  retype(numberText("ValStartBit"), "1");
+  recorder.take();
+  key("save", "TBPosData");
+  EXPECT_EQ(recorder.take(), saved) << "of a request such as this one nothing is refused";
+  EXPECT_EQ(position("ReadDTC", "Wide").StartBit, 1);
+  const RowLook look = placed().rows().lookOf(&position("ReadDTC", "Wide"));
+  EXPECT_TRUE(look.bold);
+  EXPECT_EQ(look.colour, 255u);
+  EXPECT_EQ(look.toolTip, "Data is outside of the request");
+  EXPECT_FALSE(view().datas()->FindItem(16, 3, 1));
+  EXPECT_EQ(view().BackColor(), 0x0080FFu);
+  EXPECT_EQ(warning().substr(0, 53), "Warning!\r\nSome data are outside of the request (notif");
+}
+
+TEST_F(PositionPaneOfRequests, ALongMenuOfNamesIsMadeWhenItIsOpened) {
+  for (int i = 0; i < 300; ++i) {
+    const std::string name = "Data " + std::to_string(i);
+    target().datas()->Add(name)->parent = &target();
+  }
+  QMenu& menu = openDataMenu();
+  auto* below = menu.findChild<QMenu*>("ppDataReplace");
+  ASSERT_TRUE(below);
+  EXPECT_TRUE(below->isEnabled());
+  EXPECT_TRUE(below->isEmpty());
+  below->popup(menu.pos());
+  EXPECT_EQ(below->actions().size(), 304) << "the new one, the three and these";
+  below->close();
+  choose(menu, "ppDataReplaceData", 2);
+  EXPECT_EQ(selectedDatas(), "Level");
 }
 
 TEST_F(PositionPaneOfRequests, APositionWithoutDataIsToldAndCannotBeChosenForNothing) {

@@ -58,8 +58,6 @@ std::string copyPositionsText(const PositionSelection& positions, bool& broken) 
 
 namespace {
 
-constexpr int longestFrame = 4095; // bytes
-
 /// One paste into one side of a request.
 class PositionPaste {
  public:
@@ -263,7 +261,7 @@ class PositionPaste {
     const DataItem* data = dataOf(name);
     if (!data) return true;
     auto position = newPosition(*data);
-    position->StartOctet = cellNumber(line.trimmed(1), 1, longestFrame, 1);
+    position->StartOctet = cellNumber(line.trimmed(1), 1, longestPastedFrame, 1);
     position->StartBit = cellNumber(line.trimmed(2), 0, 7, 0);
     position->LittleEndian = line.has(3) ? line.flag(3) : target_.Parametres()->LittleEndian;
     position->reference =

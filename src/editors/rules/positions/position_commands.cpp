@@ -140,7 +140,8 @@ DataPositionItem* addDataPositions(TargetItem& target, RequestItem& request,
   return last;
 }
 
-int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person) {
+int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person,
+            const std::function<void()>& confirmed) {
   const CMultiLangEx& texts = language::global();
   const platform::Answer answer = person.message(
       {"REQUESTS/MSG/CutData/text",
@@ -152,6 +153,7 @@ int CutData(TargetItem& target, const PositionSelection& positions, platform::Pe
            "REQUESTS/MSG/CutData/text"),
        Buttons::OkCancel, Icon::Critical});
   if (answer != platform::Answer::Ok) return 0;
+  if (confirmed) confirmed();
   int deleted = 0;
   for (DataPositionItem* position : positions) {
     try {

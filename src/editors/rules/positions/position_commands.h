@@ -6,6 +6,7 @@
 #include "database/target_item.h"
 #include "platform/person.h"
 
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -50,8 +51,10 @@ DataPositionItem* addDataPositions(TargetItem& target, RequestItem& request,
                                    std::int32_t startByte, std::int32_t numericStartBit,
                                    platform::Person& person);
 
-/// Asks, then deletes. The number of those deleted.
-int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person);
+/// Asks, then deletes; `confirmed` is called in between, where the person agrees. The number of those
+/// deleted.
+int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person,
+            const std::function<void()>& confirmed = {});
 
 /// Make, or unmake, references; what stands against it is told. True when something changed.
 bool RefDataPos(TargetItem& target, const PositionSelection& positions, platform::Person& person);

@@ -119,7 +119,8 @@ bool isPositionCommandEnabled(const std::string& key, const PositionPaneState& s
   if (key == "paste" || key == "ppDataPaste" || key.starts_with("ppCDnumeric") ||
       key.starts_with("ppCDhexa") || key.starts_with("ppCDascii"))
     return true;
-  if (key == "cancel" || key == "save") return state.active;
+  if (key == "cancel") return state.active && state.pending;
+  if (key == "save") return state.active;
   return state.active && state.selected > 0;
 }
 

@@ -42,7 +42,10 @@ std::int32_t frameLength(const RequestItem& request, bool sent);
 std::vector<PositionRow> positionRows(const TargetItem& target, const RequestItem& request,
                                       bool sent);
 
-/// The warning line for data outside of the frame.
+/// Of the byte view and the warning line while data lie outside of the frame.
+inline constexpr std::uint32_t warningOrange = 0x0080FF; // 0xBBGGRR
+
+/// The warning line.
 std::string outsideWarning(bool sent);
 
 } // namespace kelmar

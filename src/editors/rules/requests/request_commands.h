@@ -52,6 +52,7 @@ bool isDidRequest(const RequestItem& request);
 
 /// The data that the selected requests send, as tab text without header: one line for each entry of
 /// a value list, else one for each data. Empty when they send none.
-std::string tradConfigText(const RequestSelection& requests);
+/// `broken` as for copyRequestsText.
+std::string tradConfigText(const RequestSelection& requests, bool& broken);
 
 } // namespace kelmar

@@ -23,7 +23,7 @@ constexpr std::string_view withoutSelection[] = {
     "PopupReplyTemplateNormalizeAll", "mnuTradConfig", "mnuTradConfigSelectWriteRequests"};
 
 /// Keys that act on the request in the fields.
-constexpr std::string_view onActive[] = {"cancel", "valid", "save", "rename",
+constexpr std::string_view onActive[] = {"valid", "save", "rename",
                                          "PopupReplyTemplateNormalize"};
 
 template <std::size_t n> bool holds(const std::string_view (&keys)[n], std::string_view key) {
@@ -218,6 +218,8 @@ bool isRequestCommandEnabled(const std::string& key, const RequestPageState& sta
   if (key == "help" || key == "PopupReqHelp") return true;
   if (!state.open) return false;
   if (holds(withoutSelection, key)) return true;
+  // Told to the frame with nothing to drop, it would take back what a command has done.
+  if (key == "cancel") return state.active && state.pending;
   if (holds(onActive, key)) return state.active;
   return state.selected > 0;
 }

@@ -57,8 +57,6 @@ std::string copyRequestsText(const RequestSelection& requests, bool& broken) {
 
 namespace {
 
-constexpr int longestFrame = 4095; // bytes
-
 /// Reads one block of text into the ECU.
 class RequestTextPaste {
  public:
@@ -143,8 +141,8 @@ class RequestTextPaste {
     if (line.has(2)) request.ManuelSend = line.flag(2);
     if (line.has(3)) request.RequestBytes = frameOf(line.trimmed(3), "2180");
     if (line.has(4)) request.LgVariable = line.flag(4);
-    if (line.has(5)) request.LengthDatas = cellNumber(line.trimmed(5), 0, longestFrame, 1);
-    if (line.has(6)) request.ShiftBytesCount = cellNumber(line.trimmed(6), 0, longestFrame, 0);
+    if (line.has(5)) request.LengthDatas = cellNumber(line.trimmed(5), 0, longestPastedFrame, 1);
+    if (line.has(6)) request.ShiftBytesCount = cellNumber(line.trimmed(6), 0, longestPastedFrame, 0);
     if (line.has(7)) request.ReplyBytes = frameOf(line.trimmed(7), "");
     if (line.has(8)) request.AccesTous = line.flag(8);
     if (line.has(9)) request.AccesUsine = line.flag(9);
@@ -180,7 +178,7 @@ class RequestTextPaste {
     auto position = std::make_shared<DataPositionItem>();
     position->parent = request_;
     position->param = line.trimmed(1) == "Send";
-    position->StartOctet = cellNumber(line.trimmed(3), 1, longestFrame, 1);
+    position->StartOctet = cellNumber(line.trimmed(3), 1, longestPastedFrame, 1);
     position->StartBit = line.has(4) ? cellNumber(line.trimmed(4), 0, 7, 0) : 0;
     position->LittleEndian =
         line.has(5) ? line.flag(5) : target_.Parametres() && target_.Parametres()->LittleEndian;

@@ -7,7 +7,7 @@
 
 namespace kelmar {
 
-std::string tradConfigText(const RequestSelection& requests) {
+std::string tradConfigText(const RequestSelection& requests, bool& broken) {
   TabText text;
   std::unordered_set<const DataItem*> told;
   for (const RequestItem* request : requests) {
@@ -18,6 +18,7 @@ std::string tradConfigText(const RequestSelection& requests) {
       if (data && told.insert(data).second) addTradConfig(text, *data);
     }
   }
+  broken = text.hasBrokenCell();
   return text.text();
 }
 
