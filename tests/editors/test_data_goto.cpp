@@ -43,7 +43,8 @@ class DataGoto : public testing::Test {
 };
 
 TEST_F(DataGoto, ADataThatNothingUsesSaysSoInEveryMenu) {
-  EXPECT_EQ(shown(requestsMenu(target, *speed)), "menuRequests Requests:\nmenuReq (off) No request");
+  EXPECT_EQ(shown(requestsMenu(target, *speed)),
+            "menuRequests Requests:\nmenuReq (off) No request");
   EXPECT_EQ(shown(devicesMenu(target, *speed)), "menuDevices Devices:\nmenuDev (off) No device");
   EXPECT_EQ(shown(displaysMenu(target, *speed)), "menuDisplay Display:\nmenuDis (off) No display");
   EXPECT_EQ(shown(identifiersMenu(target, *speed)), "menuDIDs DID:\nmenuDID (off) No DID");

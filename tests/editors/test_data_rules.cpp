@@ -334,8 +334,10 @@ TEST_F(DataRules, EntriesOfTheMenuFollowTheSelection) {
 TEST_F(DataRules, UnitsComeByNameAndByCategory) {
   xml::Document units;
   ASSERT_TRUE(units.loadXML(R"(<units>
-    <unit SI="1" categoryId="e"><name xml:lang="en">volt</name><name xml:lang="fr">Volt</name><symbol>V</symbol></unit>
-    <unit categoryId="l"><name xml:lang="en">inch</name><name xml:lang="fr">pouce</name><symbol>in</symbol></unit>
+    <unit SI="1" categoryId="e"><name xml:lang="en">volt</name><name xml:lang="fr">Volt</name>
+      <symbol>V</symbol></unit>
+    <unit categoryId="l"><name xml:lang="en">inch</name><name xml:lang="fr">pouce</name>
+      <symbol>in</symbol></unit>
     <categories><category id="l"><name xml:lang="en">Length</name></category>
       <category id="e"><name xml:lang="en">Electricity</name></category>
       <category id="x"><name xml:lang="en">Empty</name></category></categories></units>)"));
@@ -360,7 +362,8 @@ TEST_F(DataRules, UnitsStandWhereAPersonLooksForThem) {
     <unit><name xml:lang="fr">Mètre</name><symbol>m</symbol></unit>
     <unit><name xml:lang="fr">décibel</name><symbol>dB</symbol></unit></units>)"));
   std::string symbols;
-  for (const MenuEntry& unit : unitsMenu(units, "fr").at(0).entries) symbols += unitOf(unit.text) + " ";
+  for (const MenuEntry& unit : unitsMenu(units, "fr").at(0).entries)
+    symbols += unitOf(unit.text) + " ";
   EXPECT_EQ(symbols, "dB d m mol ");
 }
 
@@ -373,7 +376,8 @@ TEST_F(DataRules, TheSiteHasUnitsInThirteenCategories) {
     std::size_t inCategories = 0;
     for (std::size_t i = 1; i < menu.size(); ++i) inCategories += menu[i].entries.size();
     EXPECT_EQ(inCategories, menu[0].entries.size());
-    for (const MenuEntry& unit : menu[0].entries) EXPECT_FALSE(unitOf(unit.text).empty()) << unit.text;
+    for (const MenuEntry& unit : menu[0].entries)
+      EXPECT_FALSE(unitOf(unit.text).empty()) << unit.text;
   }
 }
 

@@ -91,7 +91,8 @@ TEST_F(UceDatasPage, OutOfSightNoRowPointsToAnItemThatMayBeGone) {
   clickRow(list(), 1);
   page->hide();
   EXPECT_EQ(list().rows().rowCount(), 0);
-  database.ActiveTarget = newEcu({"Speed", "Flow"}); // the ECU of another file, the first one is gone
+  // The ECU of another file, the first one is gone.
+  database.ActiveTarget = newEcu({"Speed", "Flow"});
   page->setEditDataName("Level");
   EXPECT_EQ(page->EditDataName(), "Level");
   page->setEditDataName("Speed");
@@ -327,7 +328,8 @@ TEST_F(UceDatasPage, FaultsStayReadableInADarkPalette) {
   the("Level").CoeffC = 0.0;
   showAgain();
   QPalette dark = page->palette();
-  for (const auto role : {QPalette::Base, QPalette::Window}) dark.setColor(role, QColor(30, 30, 30));
+  for (const auto role : {QPalette::Base, QPalette::Window})
+    dark.setColor(role, QColor(30, 30, 30));
   for (const auto role : {QPalette::Text, QPalette::WindowText}) dark.setColor(role, Qt::white);
   page->setPalette(dark);
   const QColor red = control<QLabel>(*page, "labCoefC").palette().color(QPalette::WindowText);
