@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -161,6 +162,13 @@ TEST_F(ListPageTest, FillListComesBackToTheItemThatWasShownLast) {
   page->fillList();
   EXPECT_EQ(page->activeName(), "-");
   EXPECT_EQ(page->field->text(), "");
+}
+
+TEST_F(ListPageTest, AListThatIsFilledAnewHasTheOrderThatItsHeaderShows) {
+  page->view->setHeaderSorts(true);
+  page->view->header()->setSortIndicator(0, Qt::AscendingOrder);
+  page->fillList();
+  EXPECT_EQ(rowsAsText(page->view->rows()), "Level\nRate\nSpeed\nTop speed\n");
 }
 
 TEST_F(ListPageTest, TypingMarksOnce) {

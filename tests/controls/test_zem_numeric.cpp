@@ -234,6 +234,20 @@ TEST_F(ZEMnumericTest, Range_NewLimitsHoldForTheNextValue) {
   EXPECT_EQ(field->value(), 50);
 }
 
+TEST_F(ZEMnumericTest, Range_AValueThatNobodyTypedStaysOutsideOfIt) {
+  field->setvalue(0);
+  field->setRangeChecking(true);
+  field->SetMinMax(1, 7);
+  box().setFocus();
+  press(box(), Qt::Key_Return);
+  field->commitText();
+  EXPECT_EQ(field->value(), 0);
+  EXPECT_EQ(field->valueOfText(), 0);
+  retype(box(), "0");
+  press(box(), Qt::Key_Return);
+  EXPECT_EQ(field->value(), 1) << "typed, it is judged";
+}
+
 TEST_F(ZEMnumericTest, Discrete_GoesToTheGrid) {
   field->setDiscrete(true);
   field->setDiscreteBase(0);

@@ -310,7 +310,7 @@ TEST_F(PositionPaneOfRequests, InARequestOfFourBytesADataThatEndsAtByteFiveIsRed
   EXPECT_TRUE(look.bold);
   EXPECT_EQ(look.colour, 255u);
   EXPECT_EQ(look.toolTip, "Data is outside of the request");
-  EXPECT_FALSE(view().datas()->FindItem(16, 3, 1));
+  EXPECT_FALSE(view().datas() && view().datas()->FindItem(16, 3, 1)) << "it is not drawn";
   EXPECT_EQ(view().BackColor(), 0x0080FFu);
   EXPECT_EQ(warning().substr(0, 53), "Warning!\r\nSome data are outside of the request (notif");
 }
