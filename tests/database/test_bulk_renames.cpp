@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ctime>
+#include <functional>
 #include <random>
 
 namespace kelmar {
@@ -72,6 +75,71 @@ TEST(RenameDatas, GivesWhatRenamingOneByOneGives) {
     ASSERT_EQ(fast.RenameDatas(names), expected);
     ASSERT_EQ(dump(fast), dump(slow));
   }
+}
+
+TEST(AddDatasSorted, GivesWhatAddingOneByOneGives) {
+  for (unsigned seed = 1; seed <= 300; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::mt19937 random(seed);
+    const auto randomName = [&random] {
+      return (random() % 2 ? "D" : "d") + std::to_string(random() % 100);
+    };
+    DataItems slow, fast;
+    for (int i = 0; i < 20; ++i) {
+      const std::string name = randomName();
+      if (slow.ItemName(name)) continue;
+      slow.Add(name); // in no order, so that the greatest name may be an early one
+      fast.Add(name);
+    }
+    std::vector<DataItems::Pointer> items;
+    for (unsigned i = 0; i < 4 + seed % 20; ++i) {
+      items.push_back(std::make_shared<DataItem>());
+      items.back()->setDataName(randomName());
+    }
+    const auto failureOf = [](const std::function<void()>& action) {
+      try {
+        action();
+        return std::string();
+      } catch (const Failure& failure) {
+        return std::to_string(failure.number) + failure.source + failure.text;
+      }
+    };
+    const std::string expected = failureOf([&] {
+      for (const DataItems::Pointer& item : items) slow.AddDataSorted(item);
+    });
+    EXPECT_EQ(failureOf([&] { fast.AddDatasSorted(items); }), expected);
+    const auto namesOf = [](const DataItems& datas) {
+      std::string all;
+      for (const DataItem* data : datas) all += data->dataName() + ",";
+      return all;
+    };
+    ASSERT_EQ(namesOf(fast), namesOf(slow));
+    for (const DataItem* data : fast) EXPECT_EQ(fast.ItemName(data->dataName()), data);
+  }
+}
+
+TEST(AddDatasSorted, TakesTimeByTheNumberAlsoBehindAnEarlyGreatestName) {
+  const auto secondsFor = [](int count) {
+    double least = 1e9;
+    for (int run = 0; run < 3; ++run) {
+      DataItems datas;
+      datas.Add("z");
+      std::vector<DataItems::Pointer> items;
+      for (int i = 0; i < count; ++i) {
+        datas.Add("a" + std::to_string(i));
+        items.push_back(std::make_shared<DataItem>());
+        items.back()->setDataName("b" + std::to_string(i));
+      }
+      const std::clock_t start = std::clock();
+      datas.AddDatasSorted(items);
+      least = std::min(least, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+      EXPECT_EQ(datas.Item(1)->dataName(), "b0");
+      EXPECT_EQ(datas.Item(count + 1)->dataName(), "z");
+    }
+    return least;
+  };
+  const double few = std::max(secondsFor(2500), 0.001);
+  EXPECT_LT(secondsFor(20000), 24 * few + 0.05) << "a square would take 64 times as long";
 }
 
 TEST(AddDatasSorted, RefusesADuplicateAndKeepsThoseBefore) {
