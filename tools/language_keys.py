@@ -461,8 +461,11 @@ def check(root):
             # Where two texts mean different things, no French one could stand for both either.
             if "fr" not in texts and len(defaults) == 1:
                 faults.append(f"{shown}: {key}: no French text ({place})")
-            for default in sorted(defaults if key not in WORDED_BY_THE_FILES else ()):
-                faults += placeholder_faults(shown, key, default, texts.get("fr"))
+            if key not in WORDED_BY_THE_FILES:
+                # A French text that stands for several is written for one of them.
+                wrong = [placeholder_faults(shown, key, default, texts.get("fr"))
+                         for default in sorted(defaults)]
+                faults += sum(wrong, []) if all(wrong) else []
         for key, texts in sorted(file.texts.items()):
             if key not in messages[name]:
                 if not code.is_control_key(key):

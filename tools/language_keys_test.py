@@ -168,6 +168,8 @@ class TheCheck(unittest.TestCase):
         self.assertEqual(self.faults(), [])
         self.plant("FIRST/MSG/close", None, "Fermer {0}")
         self.assertEqual(len(self.faults()), 2)  # fits neither default
+        self.write("src/first/other.cpp", 'auto text = f("Shut {0}", "FIRST/MSG/close");\n')
+        self.assertEqual(self.faults(), [])  # fits one of them
 
     def test_finds_a_key_of_the_other_file(self):
         self.plant("GENERIC/about/title", "About", "À propos")
