@@ -4,13 +4,13 @@
 
 #include "base/text.h"
 #include "base/version.h"
+#include "controls/hourglass.h"
 #include "controls/page.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "frame/rules/routing_table.h"
 #include "frame/uce_edit_param.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QShortcut>
@@ -31,15 +31,6 @@ constexpr char controlsKey[] = "MAIN/CONTROLS";
 
 // The steps of the start are told when QT_LOGGING_RULES holds "kelmar.start.debug=true".
 Q_LOGGING_CATEGORY(startSteps, "kelmar.start", QtWarningMsg)
-
-/// The mouse pointer of a busy program, as long as it lives.
-class Hourglass {
- public:
-  Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
-  Hourglass(const Hourglass&) = delete;
-  Hourglass& operator=(const Hourglass&) = delete;
-};
 
 int tabOf(const QTabBar& tabs, std::string_view key) {
   for (int i = 0; i < tabs.count(); ++i)
