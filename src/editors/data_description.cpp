@@ -19,6 +19,21 @@ namespace kelmar {
 using desktop::qs;
 using desktop::u8;
 
+namespace {
+
+/// A word that no line can hold by far.
+bool hasEndlessWord(std::string_view text) {
+  constexpr std::size_t endless = 10000;
+  std::size_t length = 0;
+  for (const char c : text) {
+    length = c == ' ' || c == '\n' || c == '\r' || c == '\t' ? 0 : length + 1;
+    if (length > endless) return true;
+  }
+  return false;
+}
+
+} // namespace
+
 QuietBrowser::QuietBrowser(QWidget* parent) : QTextBrowser(parent) {
   setOpenLinks(false);
   setOpenExternalLinks(false);
@@ -77,6 +92,11 @@ frmDataDescription::frmDataDescription(const QString& title, const std::string& 
     shown->setAccessibleName(title);
     // Its colours were chosen for white paper, whatever the palette of the desktop.
     if (!editable_) shown->showOnPaper();
+  }
+  if (hasEndlessWord(fiche)) {
+    // Breaking it would take the toolkit a time that grows with the square of its length.
+    for (QuietBrowser* shown : {WebBrowser1, rtbDescription})
+      shown->setLineWrapMode(QTextEdit::NoWrap);
   }
   if (kind == FicheKind::Page)
     WebBrowser1->setHtml(qs(fichePage(fiche)));

@@ -190,5 +190,13 @@ TEST_F(DataDescription, AVeryLongTextOpens) {
   EXPECT_TRUE(page().toPlainText().contains("Paragraph 1999"));
 }
 
+TEST_F(DataDescription, AWordOfTwoMegabytesIsNotBrokenIntoLines) {
+  open(std::string(2'000'000, 'w'));
+  EXPECT_EQ(text().lineWrapMode(), QTextEdit::NoWrap);
+  EXPECT_EQ(text().toPlainText().size(), 2'000'000);
+  open("Words that fit");
+  EXPECT_EQ(text().lineWrapMode(), QTextEdit::WidgetWidth);
+}
+
 } // namespace
 } // namespace kelmar
