@@ -56,7 +56,10 @@ UceEditParam::UceEditParam(platform::Person& person, QWidget* parent)
   parts_->refreshLayout();
 }
 
-UceEditParam::~UceEditParam() = default;
+UceEditParam::~UceEditParam() {
+  // A field that loses the focus as the page goes would still tell what was typed.
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+}
 
 void UceEditParam::InitControl() {
   desktop::TranslateControl(*this, language::global(), "PARAMS/CONTROLS");

@@ -46,6 +46,8 @@ UceSelector::UceSelector(Machine machine, QWidget* parent)
 }
 
 UceSelector::~UceSelector() {
+  // A field that loses the focus as the page goes would still tell what was typed.
+  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
   if (parts_->database) parts_->database->ClearTarget();
 }
 
