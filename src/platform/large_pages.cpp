@@ -3,6 +3,7 @@
 #include "platform/large_pages.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <malloc.h>
@@ -27,6 +28,8 @@ std::uintptr_t endOfHeap() { return reinterpret_cast<std::uintptr_t>(::sbrk(0));
 
 Memory largeMemory(std::size_t size) {
   const std::size_t whole = rounded(std::max<std::size_t>(size, 1));
+  if (whole > static_cast<std::size_t>(std::numeric_limits<std::ptrdiff_t>::max()))
+    throw std::bad_alloc();
   Memory memory(static_cast<char*>(std::aligned_alloc(largePage, whole)));
   if (!memory) throw std::bad_alloc();
   if (whole <= mostInLargePages) ::madvise(memory.get(), whole, MADV_HUGEPAGE);

@@ -236,7 +236,7 @@ TEST_F(CliClipboard, Input_IsTextInAnyOfItsEncodings) {
                           "Été\tM\t3"),
             (CliResult{0, "", ""}));
   EXPECT_EQ(data("Été")["NumberBits"].text, "3");
-  EXPECT_EQ(paste("data", std::string("\xFF\xFEO\0\xF9\0\t\0M\0\t\0" "4\0", 16)),
+  EXPECT_EQ(paste("data", std::string("\xFF\xFEO\0\xF9\0\t\0M\0\t\0" "4\0", 14)),
             (CliResult{0, "", ""}));
   EXPECT_EQ(data("Où")["NumberBits"].text, "4");
   EXPECT_EQ(paste("data", "<?xml version='1.0' encoding='ISO-8859-1'?>"

@@ -362,7 +362,8 @@ TEST_F(DataRules, UnitsStandWhereAPersonLooksForThem) {
     <unit><name xml:lang="fr">Mètre</name><symbol>m</symbol></unit>
     <unit><name xml:lang="fr">décibel</name><symbol>dB</symbol></unit></units>)"));
   std::string symbols;
-  for (const MenuEntry& unit : unitsMenu(units, "fr").at(0).entries)
+  const auto menu = unitsMenu(units, "fr");
+  for (const MenuEntry& unit : menu.at(0).entries)
     symbols += unitOf(unit.text) + " ";
   EXPECT_EQ(symbols, "dB d m mol ");
 }
