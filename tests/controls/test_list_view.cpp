@@ -3,6 +3,7 @@
 #include "controls/list_view.h"
 #include "support/user.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QHeaderView>
@@ -169,6 +170,23 @@ TEST_F(ListViewTest, ANameIsEditedInPlace) {
   QTest::keyClick(editor, Qt::Key_Escape);
   EXPECT_TRUE(waitUntil([&] { return QApplication::focusWidget() == &list; }));
   EXPECT_EQ(names(), "a|New é|");
+}
+
+TEST_F(ListViewTest, ANameThatIsBeingTypedIsTakenOverBeforeThePageSaves) {
+  fill({{"a", "1"}, {"b", "2"}});
+  QAction save(&list);
+  save.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+  save.setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  list.addAction(&save);
+  std::string saved;
+  QObject::connect(&save, &QAction::triggered, &list, [&] { saved = names(); });
+  list.editName(&items[1]);
+  auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+  ASSERT_TRUE(editor);
+  retype(*editor, "typed");
+  QTest::keyClick(editor, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(saved, "a|typed|");
+  EXPECT_EQ(QApplication::focusWidget(), &list);
 }
 
 TEST_F(ListViewTest, ARefusedNameLeavesTheOldOne) {

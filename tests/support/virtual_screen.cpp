@@ -68,8 +68,9 @@ VirtualScreen::VirtualScreen(const std::string& folder) {
   if (const char* display = std::getenv("DISPLAY"); display && *display) return;
   int ends[2];
   if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe to the virtual X server");
+  // Without repeating: on a loaded machine a key that is pressed from outside may be held for long.
   server_ = startTied({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", "1366x768x24",
-                       "-nolisten", "tcp", "-noreset"},
+                       "-nolisten", "tcp", "-noreset", "-r"},
                       ends[1]);
   ::close(ends[1]);
   try {
