@@ -43,8 +43,8 @@ class Program {
     process_.waitForFinished(patience);
   }
 
-  bool ended() { return process_.waitForFinished(patience); }
-  bool running() { return process_.state() == QProcess::Running; }
+  bool ended() { return !running() || process_.waitForFinished(patience); }
+  bool running() { return process_.state() != QProcess::NotRunning; }
   int exitCode() { return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1; }
   std::string output() { return process_.readAllStandardOutput().toStdString(); }
   std::string errors() { return process_.readAllStandardError().toStdString(); }
@@ -57,7 +57,10 @@ class Program {
 inline QString xdotool(const QStringList& arguments) {
   QProcess tool;
   tool.start(QStringLiteral("xdotool"), arguments);
-  if (!tool.waitForFinished(patience) || tool.exitCode() != 0)
+  // Meanwhile this process answers programs that ask it for its clipboard.
+  const bool ended =
+      support::waitUntil([&] { return tool.state() == QProcess::NotRunning; }, patience);
+  if (!ended || tool.error() == QProcess::FailedToStart || tool.exitCode() != 0)
     return {};
   return QString::fromLocal8Bit(tool.readAllStandardOutput()).trimmed();
 }

@@ -139,7 +139,11 @@ class DailyWork : public testing::Test {
 
   void TearDown() override {
     // What the program complained of says more than the step that waited in vain.
-    if (program && HasFailure()) ADD_FAILURE() << "kelmar said: " << program->errors();
+    if (program && HasFailure())
+      ADD_FAILURE() << "kelmar said: " << program->errors() << "\nin sight: "
+                    << xdotool({"search", "--onlyvisible", "--name", ".", "getwindowname", "%@"})
+                           .toStdString()
+                    << "\non the clipboard: " << desktop::clipboardText();
   }
   void start(const QStringList& arguments, const QString& caption,
              const QString& clock = "2026-01-02T03:04") {
