@@ -114,8 +114,7 @@ TEST(DragWithinAProgram, ARowThatIsDroppedOnTheListIsPasted) {
   const QString window = windowWith(captionOf("Engine"));
   focus(window);
   clickAt(window, places.requestsTab);
-  clickAt(window, places.firstRow);
-  moveTo(window, places.firstRow);
+  moveTo(window, places.firstRow); // the press chooses the row; one more would be a double click
   xdotool({"mousedown", "1"});
   // A hand moves step by step, and the desktop answers each of them.
   for (int step = 1; step <= 8; ++step) {
@@ -123,9 +122,12 @@ TEST(DragWithinAProgram, ARowThatIsDroppedOnTheListIsPasted) {
     xdotool({"sleep", "0.05"});
   }
   xdotool({"mouseup", "1"});
-  xdotool({"sleep", "0.5"});
-  press("ctrl+s");
-  EXPECT_TRUE(support::waitUntil([&] { return fileHolds(site.engine(), "Copy Read"); }, patience));
+  // The drop comes some time after the button is up.
+  const auto isSaved = [&] {
+    press("ctrl+s");
+    return support::waitUntil([&] { return fileHolds(site.engine(), "Copy Read"); }, 500);
+  };
+  EXPECT_TRUE(support::waitUntil(isSaved, patience));
   EXPECT_EQ(program.errors(), "");
 }
 
