@@ -104,4 +104,13 @@ bool isReferenceByDefault(const RequestItem& request, bool param) {
   return service == 0x21 || service == 0x22;
 }
 
+void DataDefinitions::add(const DataItem* data) {
+  if (!data || !written_.insert(data).second) return;
+  out_.item("Data", data->dataName());
+  out_.open("Data");
+  data->createXMLnode(out_);
+  out_.close();
+  out_.lineFeed();
+}
+
 } // namespace kelmar

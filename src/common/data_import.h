@@ -5,11 +5,13 @@
 #include "common/reference_index.h"
 #include "database/omnikor_lib_xml.h"
 #include "xml/document.h"
+#include "xml/writer.h"
 
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
+#include <unordered_set>
 
 namespace kelmar {
 
@@ -85,5 +87,17 @@ class ComingPositions {
 /// True when a new received position is to be the reference of its data, if that has none yet: in a
 /// maintainability request that is not sent by hand and reads ($21 or $22).
 bool isReferenceByDefault(const RequestItem& request, bool param);
+
+/// Writes definitions of data into a form of the clipboard, each data once.
+class DataDefinitions {
+ public:
+  explicit DataDefinitions(xml::Writer& out) : out_(out) {}
+  /// Nothing for none.
+  void add(const DataItem* data);
+
+ private:
+  xml::Writer& out_;
+  std::unordered_set<const DataItem*> written_;
+};
 
 } // namespace kelmar

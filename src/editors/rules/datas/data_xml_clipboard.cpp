@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editors/rules/datas/data_clipboard.h"
 
+#include "common/data_import.h"
 #include "common/item_names.h"
 #include "common/tab_text.h"
 #include "language/multi_lang.h"
@@ -12,13 +13,8 @@ std::string copyDatas(SelectedDatas datas) {
   xml::Writer out;
   out.open("Datas");
   out.lineFeed();
-  for (const DataItem* data : datas) {
-    out.item("Data", data->dataName());
-    out.open("Data");
-    data->createXMLnode(out);
-    out.close();
-    out.lineFeed();
-  }
+  DataDefinitions definitions(out);
+  for (const DataItem* data : datas) definitions.add(data);
   out.close();
   return out.take();
 }

@@ -7,8 +7,6 @@
 #include "common/tab_text.h"
 #include "language/multi_lang.h"
 
-#include <unordered_set>
-
 namespace kelmar {
 
 std::string copyDataPositions(const TargetItem& target, const RequestItem& request, bool sent,
@@ -17,16 +15,8 @@ std::string copyDataPositions(const TargetItem& target, const RequestItem& reque
   out.open("Positions");
   out.attribute("Endian", endianText(target));
   out.open("Datas");
-  std::unordered_set<const DataItem*> written;
-  for (const DataPositionItem* position : positions) {
-    const DataItem* data = position->data();
-    if (!data || !written.insert(data).second) continue;
-    out.item("Data", data->dataName());
-    out.open("Data");
-    data->createXMLnode(out);
-    out.close();
-    out.lineFeed();
-  }
+  DataDefinitions definitions(out);
+  for (const DataPositionItem* position : positions) definitions.add(position->data());
   out.close();
   out.lineFeed();
   out.item("Request", request.requestName);

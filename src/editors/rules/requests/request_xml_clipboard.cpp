@@ -10,7 +10,6 @@
 #include "language/multi_lang.h"
 
 #include <unordered_map>
-#include <unordered_set>
 
 namespace kelmar {
 
@@ -19,18 +18,11 @@ std::string copyRequests(const TargetItem& target, const RequestSelection& reque
   out.open("Requests");
   out.attribute("Endian", endianText(target));
   out.open("Datas");
-  std::unordered_set<const DataItem*> written;
+  DataDefinitions definitions(out);
   for (RequestItem* request : requests) {
     if (!request->DataPositions) request->DataPositions = std::make_shared<DataPositionItems>();
-    for (const DataPositionItem* position : *request->DataPositions) {
-      const DataItem* data = position->data();
-      if (!data || !written.insert(data).second) continue;
-      out.item("Data", data->dataName());
-      out.open("Data");
-      data->createXMLnode(out);
-      out.close();
-      out.lineFeed();
-    }
+    for (const DataPositionItem* position : *request->DataPositions)
+      definitions.add(position->data());
   }
   out.close();
   out.lineFeed();
