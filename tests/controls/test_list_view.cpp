@@ -5,7 +5,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -200,20 +199,17 @@ TEST_F(ListViewTest, ARefusedNameLeavesTheOldOne) {
   EXPECT_EQ(names(), "a|");
 }
 
-TEST_F(ListViewTest, TwentyThousandRowsShowAndAreSelectedAtOnce) {
+TEST_F(ListViewTest, TwentyThousandRowsAreSelectedInOneStep) {
   std::vector<RowTag> tags;
   for (int i = 0; i < 20'000; ++i)
     tags.push_back(&items.emplace_back(Item{"name " + std::to_string(i), std::to_string(i)}));
   showToUser(list);
-  QElapsedTimer watch;
-  watch.start();
   list.rows().setRows(tags);
-  list.repaint();
+  QSignalSpy changes(list.selectionModel(), &QItemSelectionModel::selectionChanged);
   ListViewSelectAll(list);
   EXPECT_EQ(list.selectedTags().size(), 20'000u);
+  EXPECT_EQ(changes.count(), 1);
   list.selectRow(19'999);
-  list.repaint();
-  EXPECT_LT(watch.elapsed(), 1000);
   EXPECT_EQ(selected(), "name 19999|");
 }
 

@@ -7,7 +7,6 @@
 
 #include <gmock/gmock.h>
 
-#include <chrono>
 #include <filesystem>
 #include <sys/stat.h>
 
@@ -169,15 +168,13 @@ TEST(EcuTree, FilesOfASite_CountOnceOverItsDataSets) {
               ElementsAre(folder.file("vehicles/a/1.xml"), folder.file("vehicles/b/2.xml")));
 }
 
-TEST(EcuTree, FiveThousandFiles_AreReadAtOnce) {
+TEST(EcuTree, FiveThousandFiles_AreRead) {
   const TempFolder folder;
   for (int vehicle = 0; vehicle < 50; ++vehicle)
     for (int file = 0; file < 100; ++file)
       folder.write(
           "Vehicle " + std::to_string(vehicle) + "/Family/" + std::to_string(file) + ".xml", "");
-  const auto before = std::chrono::steady_clock::now();
   EXPECT_EQ(read(folder).files, 5000u);
-  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(1));
 }
 
 TEST(EcuTreeOrder, NumbersCountByTheirValue) {

@@ -11,10 +11,10 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
+#include <QProcess>
 #include <QProgressBar>
 #include <QTest>
 #include <QTimer>
@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <gmock/gmock.h>
 
 namespace kelmar {
@@ -387,21 +388,42 @@ TEST_F(EcuSelectorWindow, TheSearch_LooksAtTheWholeTreeWhateverTheFilter) {
   EXPECT_EQ(address, "");
 }
 
+/// Calls when the widget is shown.
+class WhenShown : public QObject {
+ public:
+  WhenShown(QWidget& widget, std::function<void()> then) : then_(std::move(then)) {
+    widget.installEventFilter(this);
+  }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Show) then_();
+    return false;
+  }
+
+ private:
+  std::function<void()> then_;
+};
+
 TEST_F(EcuSelectorWindow, ALongSearch_ShowsItsProgressAndTakesNoInput) {
+  // Some 60 MB, so that it is long on any machine.
+  EcuFileText file;
   for (int i = 0; i < 4000; ++i)
-    ecu("vehicles/Many/" + std::to_string(i) + ".xml", "E", 200);
+    file.autoIdents += EcuFileText().autoIdents;
+  for (int i = 0; i < 200; ++i)
+    root.write("vehicles/Many/" + std::to_string(i) + ".xml", file.text());
   open();
+  filter().setFocus();
   QProgressBar& bar = support::control<QProgressBar>(selector, "pbSearch");
-  int shown = 0, typed = 0;
-  QTimer watch;
-  QObject::connect(&watch, &QTimer::timeout, [&] { shown += bar.isVisible(); });
-  QObject::connect(&filter(), &QLineEdit::textChanged, [&] { ++typed; });
-  watch.start(0);
+  int shown = 0;
+  const WhenShown watch(bar, [&] {
+    ++shown;
+    QProcess::execute("xdotool", {"key", "k"});
+  });
   std::string address;
-  EXPECT_EQ(selector.findByIdentification(200, 0, 4, "SUP", "0100", "0002", address), 2);
-  EXPECT_GT(shown, 0);
-  EXPECT_EQ(typed, 0);
+  EXPECT_EQ(selector.findByIdentification(122, 0, 4, "SUP", "0100", "0002", address), 2);
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(u8(filter().text()), "");
   EXPECT_FALSE(bar.isVisible());
+  EXPECT_TRUE(support::waitUntil([&] { return filter().text() == "k"; }));
 }
 
 TEST_F(EcuSelectorWindow, Disabled_NothingCanBeUsed) {
@@ -430,22 +452,17 @@ TEST_F(EcuSelectorWindow, Icons_AreReadForTheRowsInSightOnly) {
   EXPECT_FALSE(described("250"));
 }
 
-TEST_F(EcuSelectorWindow, FiveThousandFiles_ShowAndFilterAtOnce) {
+TEST_F(EcuSelectorWindow, FiveThousandFiles_AreShownAndFiltered) {
   for (int vehicle = 0; vehicle < 50; ++vehicle)
     for (int file = 0; file < 100; ++file)
       root.write("vehicles/Vehicle " + std::to_string(vehicle) + "/Family/ECU " +
                      std::to_string(file) + ".xml",
                  "<xml/>");
-  QElapsedTimer time;
-  time.start();
   open();
-  EXPECT_LT(time.elapsed(), 2000);
-  time.start();
   for (const char* text : {"e", "ec", "ecu", "ecu 7", "ecu 77"}) {
     filter().setText(text);
     QApplication::processEvents();
   }
-  EXPECT_LT(time.elapsed(), 2000);
   EXPECT_THAT(rows(), HasSubstr("Vehicle 49\n  Family\n    ECU 77\n"));
 }
 

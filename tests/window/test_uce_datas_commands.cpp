@@ -5,8 +5,8 @@
 #include "uce_datas_fixture.h"
 
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QMimeData>
+#include <QSignalSpy>
 
 namespace kelmar {
 namespace {
@@ -403,7 +403,7 @@ TEST_F(UceDatasPage, ADropOfDataIsPastedAndAnyOtherTextIsNot) {
   EXPECT_EQ(caption(), "Dropped");
 }
 
-TEST_F(UceDatasPage, TwentyThousandDataOpenSortAndSelectAtOnce) {
+TEST_F(UceDatasPage, TwentyThousandDataOpenSortAndAreSelectedInOneStepEach) {
   database.ActiveTarget = newEcu({});
   std::vector<DataItems::Pointer> many;
   for (int i = 0; i < 20000; ++i) {
@@ -414,16 +414,16 @@ TEST_F(UceDatasPage, TwentyThousandDataOpenSortAndSelectAtOnce) {
     many.push_back(std::move(data));
   }
   target().datas()->AddDatasSorted(many);
-  QElapsedTimer clock;
-  clock.start();
+  QSignalSpy sets(list().model(), &QAbstractItemModel::modelReset);
   page->displayDatas(database, "");
+  EXPECT_EQ(sets.count(), 1);
   choose("popupSortDataDescending");
+  QSignalSpy changes(list().selectionModel(), &QItemSelectionModel::selectionChanged);
   choose("popupSelectDataNumeric");
   EXPECT_EQ(list().selectedTags().size(), 10000u);
   press(list(), Qt::Key_A, Qt::ControlModifier);
-  QCoreApplication::processEvents();
   EXPECT_EQ(list().selectedTags().size(), 20000u);
-  EXPECT_LT(clock.elapsed(), 5000) << "a person would wait";
+  EXPECT_LE(changes.count(), 3);
   EXPECT_EQ(shown("lblInfo"), "20000 data");
 }
 
