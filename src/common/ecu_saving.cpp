@@ -37,10 +37,9 @@ EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file,
     return EcuSaveResult::FileIsProtected;
   const std::string bytes = database.ecuFileBytes();
   if (beforeWriting) beforeWriting();
-  database.writeEcuFile(file, bytes);
-  // What was meant to be written is well formed by the way it is made, so that the file reads back
-  // exactly when it holds these bytes.
-  if (!platform::holds(file, bytes)) return EcuSaveResult::BadlySaved;
+  // What was meant to be written is well formed by the way it is made, so that the file can be read
+  // exactly when it holds these bytes, and that is compared before it takes the place of the old one.
+  if (!database.writeEcuFile(file, bytes)) return EcuSaveResult::BadlySaved;
   database.forgetReport();
   if (database.ActiveTarget) database.ActiveTarget->ValueChanged = false;
   return EcuSaveResult::Saved;

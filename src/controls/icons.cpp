@@ -128,6 +128,13 @@ void drawSearch(const Canvas& c) {
   c.lines({{15.3, 15.3}, {20.5, 20.5}});
 }
 
+void drawClear(const Canvas& c) {
+  c.hollow();
+  c.painter.setPen(QPen(c.ink, 2.6, Qt::SolidLine, Qt::RoundCap));
+  c.lines({{6, 6}, {18, 18}});
+  c.lines({{18, 6}, {6, 18}});
+}
+
 void drawReload(const Canvas& c) {
   c.hollow();
   c.painter.setPen(QPen(c.line(green), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -264,6 +271,7 @@ const std::map<std::string, Drawing, std::less<>>& drawings() {
       {"project", project},
       {"vehicle", drawVehicle},
       {"search", drawSearch},
+      {"clear", drawClear},
       {"reload", drawReload},
       {"warning", drawWarning},
       {"help", drawHelp},

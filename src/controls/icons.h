@@ -16,9 +16,9 @@ namespace kelmar {
 QIcon icon(std::string_view key);
 
 /// All keys: "open", "save", "saveas", "cancel", "valid", "new", "folder", "vehicle", "search",
-/// "reload", "warning", "help", "project", "add", "rename", "find", "cut", "copy", "paste"; for data
-/// by their type "numeric", "list", "ascii", "hexa"; and, for ECUs by their protocol, "ecu-iso", "ecu-kwp",
-/// "ecu-can", "ecu-canfd", "ecu-ip", "ecu-unknown".
+/// "clear", "reload", "warning", "help", "project", "add", "rename", "find", "cut", "copy",
+/// "paste"; for data by their type "numeric", "list", "ascii", "hexa"; and, for ECUs by their
+/// protocol, "ecu-iso", "ecu-kwp", "ecu-can", "ecu-canfd", "ecu-ip", "ecu-unknown".
 std::vector<std::string> iconKeys();
 
 } // namespace kelmar

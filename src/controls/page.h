@@ -26,7 +26,8 @@ class Page : public QWidget {
   /// translates the page's own controls. Raises Failure where a file is missing.
   virtual void InitControl() = 0;
 
-  /// The language changes; the page reads its texts again. UTF-8 code such as "fr".
+  /// The language changes; the page reads its texts again, but for those that InitControl is still
+  /// to read. UTF-8 code such as "fr".
   virtual void setLang(const std::string& lang) = 0;
 
   /// Shows the database, at every entry of the page. `file` is the path or address that it came

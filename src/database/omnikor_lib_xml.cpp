@@ -219,13 +219,15 @@ std::string OmnikorLibXml::ExportUceToXml(const std::string& file) {
   return bytes;
 }
 
-void OmnikorLibXml::writeEcuFile(const std::string& file, std::string_view bytes) const {
+bool OmnikorLibXml::writeEcuFile(const std::string& file, std::string_view bytes) const {
   try {
     platform::writeWhole(file, bytes);
+    return true;
   } catch (const Failure& failure) {
-    // The source names the other routine, and stays so. The caller sees no failure: it reads back.
+    // The source names the other routine, and stays so.
     RaiseLibMessage("ExportParametersToXml",
                     "Save error (number : " + std::to_string(failure.number) + ")");
+    return false;
   }
 }
 

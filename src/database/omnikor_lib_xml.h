@@ -74,12 +74,13 @@ class OmnikorLibXml {
 
   /// Saves the ECU and gives the bytes that the file was meant to hold. Raises when there is no target,
   /// when its load failed, or for an item that cannot be written; nothing is written then. A failure
-  /// of the writing itself is told by LibMessage alone: the caller compares the file with the bytes.
+  /// of the writing itself is told by LibMessage alone.
   std::string ExportUceToXml(const std::string& fileName);
   /// The bytes alone. Raises as above.
   std::string ecuFileBytes();
-  /// The writing alone; a failure is told as above.
-  void writeEcuFile(const std::string& fileName, std::string_view bytes) const;
+  /// The writing alone. False after a failure, told as above; the old file is then whole. A file
+  /// that does not read back as these bytes is a failure too.
+  bool writeEcuFile(const std::string& fileName, std::string_view bytes) const;
 
   /// Does nothing; the interface is kept.
   void ExportParametersToXml(const std::string&, const std::string&) {}

@@ -64,6 +64,7 @@ UceDatas::UceDatas(platform::Person& person, std::string site, QWidget* parent)
 UceDatas::~UceDatas() = default;
 
 void UceDatas::InitControl() {
+  parts_->initialised = true;
   const CMultiLangEx& texts = language::global();
   desktop::TranslateControl(*this, texts, "DATAS/CONTROLS");
   parts_->types[0]->setText(qs(texts.getMultilangMessageDefault(
@@ -84,7 +85,7 @@ void UceDatas::InitControl() {
 
 void UceDatas::setLang(const std::string& lang) {
   parts_->lang = lang;
-  if (!parts_->database && lang.empty()) return;
+  if (!parts_->initialised) return;
   InitControl();
   if (parts_->data()) parts_->FrameInfos->setTitle(qs(replaceAll(nameOf(active()), "&", "&&")));
 }

@@ -76,6 +76,7 @@ struct UceDatas::Parts {
   void warn(const std::string& text);
 
   UceDatas& page;
+  bool initialised = false; ///< from InitControl on
   std::string site, lang = "en";
   OmnikorLibXml* database = nullptr;
   DataType activeType = DataType::Numeric;

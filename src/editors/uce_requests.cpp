@@ -67,11 +67,14 @@ UceRequests::~UceRequests() {
 }
 
 void UceRequests::InitControl() {
+  parts_->initialised = true;
   parts_->TSsendReceipt->setCurrentIndex(0);
   parts_->translate();
 }
 
-void UceRequests::setLang(const std::string&) { parts_->translate(); }
+void UceRequests::setLang(const std::string&) {
+  if (parts_->initialised) parts_->translate();
+}
 
 void UceRequests::displayDatas(OmnikorLibXml& database, const std::string&) {
   parts_->database = &database;

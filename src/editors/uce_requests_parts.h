@@ -116,6 +116,7 @@ struct UceRequests::Parts : PositionHost {
   void goToHelp() override { emit page.help("request", "data"); }
 
   UceRequests& page;
+  bool initialised = false; ///< from InitControl on
   platform::Settings* settings;
   OmnikorLibXml* database = nullptr;
   int activeTab = 1;

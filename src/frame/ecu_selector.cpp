@@ -9,6 +9,7 @@
 #include "frame/rules/identification_search.h"
 #include "language/multi_lang.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QLineEdit>
@@ -42,7 +43,11 @@ ecuSelector::Parts::Parts(ecuSelector& selector) : self(selector) {
   QObject::connect(tvEcus, &EcuTreeView::opened, &self, &ecuSelector::fileChosen);
   QObject::connect(tvEcus->selectionModel(), &QItemSelectionModel::currentChanged, &self,
                    [this](const QModelIndex& index) { select(index); });
-  QObject::connect(txFilter, &QLineEdit::textChanged, &self, [this] { filter(); });
+  QObject::connect(txFilter, &QLineEdit::textChanged, &self, [this](const QString& text) {
+    acClearFilter->setVisible(!text.isEmpty());
+    filter();
+  });
+  QObject::connect(acClearFilter, &QAction::triggered, txFilter, &QLineEdit::clear);
   QObject::connect(btReload, &QToolButton::clicked, &self, [this] { reload(); });
   QObject::connect(cbDataSet, &QComboBox::activated, &self,
                    [this](int index) { chooseDataSet(index); });

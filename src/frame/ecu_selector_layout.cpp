@@ -5,6 +5,7 @@
 #include "frame/ecu_selector_parts.h"
 #include "language/multi_lang.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -56,7 +57,11 @@ void ecuSelector::Parts::makeControls() {
   lbFilter->setObjectName("lbFilter");
   txFilter = new QLineEdit;
   txFilter->setObjectName("txFilter");
-  txFilter->setClearButtonEnabled(true);
+  // The toolkit's own button for this looks through the desktop's themes of icons, which takes a
+  // tenth of the whole start.
+  acClearFilter = txFilter->addAction(icon("clear"), QLineEdit::TrailingPosition);
+  acClearFilter->setObjectName("acClearFilter");
+  acClearFilter->setVisible(false);
   lbFilter->setBuddy(txFilter);
   btReload = new QToolButton;
   btReload->setObjectName("btReload");
@@ -131,6 +136,8 @@ void ecuSelector::Parts::showTexts() {
   txFilter->setToolTip(qs(texts.getMultilangMessageDefault(
       "Shows only the files whose path holds all these words (Ctrl F)",
       "ECUSELECTOR/CONTROLS/txFilter/toolTip")));
+  acClearFilter->setToolTip(qs(texts.getMultilangMessageDefault(
+      "Show all files (Esc)", "ECUSELECTOR/CONTROLS/acClearFilter/toolTip")));
   btReload->setToolTip(qs(texts.getMultilangMessageDefault(
       "Read the folders again (F5)", "ECUSELECTOR/CONTROLS/btReload/toolTip")));
   cbDataSet->setAccessibleName(qs(

@@ -12,6 +12,7 @@
 #include <optional>
 #include <set>
 
+class QAction;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -55,6 +56,7 @@ struct ecuSelector::Parts {
   QComboBox* cbDataSet = nullptr;
   QLabel* lbFilter = nullptr;
   QLineEdit* txFilter = nullptr;
+  QAction* acClearFilter = nullptr;
   QToolButton* btReload = nullptr;
   QStackedWidget* places = nullptr;
   EcuTreeView* tvEcus = nullptr;

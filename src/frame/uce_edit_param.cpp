@@ -51,7 +51,6 @@ UceEditParam::UceEditParam(platform::Person& person, QWidget* parent)
   parts_->orderFields();
   parts_->connectControls();
   new PageKeys(*this);
-  InitControl();
   parts_->fieldArea->setEnabled(false);
   parts_->refreshLayout();
 }
@@ -62,6 +61,7 @@ UceEditParam::~UceEditParam() {
 }
 
 void UceEditParam::InitControl() {
+  parts_->initialised = true;
   desktop::TranslateControl(*this, language::global(), "PARAMS/CONTROLS");
   parts_->UceAutoIdents1->InitControl();
   parts_->invalidData = language::global().getMultilangMessageDefault(
@@ -70,7 +70,9 @@ void UceEditParam::InitControl() {
   parts_->nameFields();
 }
 
-void UceEditParam::setLang(const std::string&) { InitControl(); }
+void UceEditParam::setLang(const std::string&) {
+  if (parts_->initialised) InitControl();
+}
 
 void UceEditParam::displayDatas(OmnikorLibXml& database, const std::string&) {
   DisplayParam(database);

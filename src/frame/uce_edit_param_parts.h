@@ -66,6 +66,7 @@ struct UceEditParam::Parts {
 
   UceEditParam& page;
   platform::Person& person;
+  bool initialised = false; ///< from InitControl on
   EditState edits;
   OmnikorLibXml* database = nullptr;
   EditParamFields shown; ///< as they were filled

@@ -6,7 +6,6 @@
 #include "platform/file_handle.h"
 
 #include <algorithm>
-#include <cstring>
 #include <sys/stat.h>
 #include <vector>
 
@@ -64,21 +63,6 @@ bool folderExists(const std::string& path) {
 bool isReadOnly(const std::string& path) {
   struct stat status {};
   return statusOf(path, status) && (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
-}
-
-bool holds(const std::string& path, std::string_view bytes) {
-  try {
-    const FileHandle file = openForReading(path);
-    std::vector<char> chunk(chunkSize);
-    for (;;) {
-      const std::size_t got = readSome(file, chunk.data(), chunk.size(), path);
-      if (got > bytes.size() || std::memcmp(chunk.data(), bytes.data(), got) != 0) return false;
-      bytes.remove_prefix(got);
-      if (got < chunk.size()) return bytes.empty();
-    }
-  } catch (const std::exception&) {
-    return false;
-  }
 }
 
 } // namespace kelmar::platform

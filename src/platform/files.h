@@ -28,9 +28,6 @@ void writeWhole(const std::string& path, std::string_view bytes);
 /// Copies with the same care as writeWhole, over an existing `to`.
 void copyWhole(const std::string& from, const std::string& to);
 
-/// True when the file holds exactly these bytes now. Never raises.
-bool holds(const std::string& path, std::string_view bytes);
-
 /// Absolute path, "." and ".." removed, symbolic links kept.
 std::string absolutePath(const std::string& path);
 /// `folder` + separator + `name`, with one separator between.

@@ -91,21 +91,6 @@ TEST_F(Files, ReadOnlyIsAMatterOfTheModeAlone) {
   EXPECT_FALSE(isReadOnly(file("none")));
 }
 
-TEST_F(Files, HoldsComparesEveryByte) {
-  std::string bytes(200'000, 'x');
-  const std::string path = make("a", bytes);
-  EXPECT_TRUE(holds(path, bytes));
-  EXPECT_FALSE(holds(path, bytes + "y"));
-  EXPECT_FALSE(holds(path, bytes.substr(1)));
-  bytes.back() = 'y';
-  EXPECT_FALSE(holds(path, bytes));
-  EXPECT_FALSE(holds(path, ""));
-  EXPECT_TRUE(holds(make("empty", ""), ""));
-  EXPECT_FALSE(holds(file("none"), ""));
-  EXPECT_FALSE(holds(folder().string(), ""));
-  EXPECT_TRUE(holds(make("piece", std::string(65'536, 'p')), std::string(65'536, 'p')));
-}
-
 TEST(Paths, AreJoinedWithOneSeparator) {
   EXPECT_EQ(joinPath("/a", "b"), "/a/b");
   EXPECT_EQ(joinPath("/a//", "//b"), "/a/b");

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files.h"
 #include "save_folder.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 #include <chrono>
@@ -14,6 +15,8 @@
 
 namespace kelmar::platform {
 namespace {
+
+using support::bytesOf;
 
 // A child saves over and over and is killed at a random moment. Whatever the moment, the file is
 // one of the two contents whole, and the next save clears the rest away.
@@ -42,7 +45,7 @@ class KilledSave : public testing::SaveFolder {
       const auto span = std::chrono::duration_cast<std::chrono::microseconds>(
                             std::chrono::steady_clock::now() - saveStart)
                             .count();
-      ASSERT_TRUE(holds(saved, before));
+      ASSERT_TRUE(bytesOf(saved) == before);
       for (const std::string& name : names())
         ASSERT_FALSE(name.ends_with(".kelmar-save")) << "not cleared away: " << name;
 
@@ -71,9 +74,9 @@ class KilledSave : public testing::SaveFolder {
       ::close(ready[0]);
       ::close(ready[1]);
 
-      if (holds(saved, before))
+      if (bytesOf(saved) == before)
         ++moments.oldFile;
-      else if (holds(saved, after))
+      else if (bytesOf(saved) == after)
         ++moments.newFile;
       else
         FAIL() << "neither the old nor the new file, round " << round;
@@ -112,8 +115,8 @@ TEST_F(KilledSave, LeavesTheOldOrTheNewBackupWholeAtAnyMoment) {
   EXPECT_GT(moments.oldFile, 0u);
   EXPECT_GT(moments.newFile, 0u);
   EXPECT_GT(moments.midWrite, 0u);
-  EXPECT_TRUE(holds(file("first"), std::string(300'000, 'a')));
-  EXPECT_TRUE(holds(file("second"), std::string(420'001, 'b')));
+  EXPECT_TRUE(bytesOf(file("first")) == std::string(300'000, 'a'));
+  EXPECT_TRUE(bytesOf(file("second")) == std::string(420'001, 'b'));
 }
 
 } // namespace

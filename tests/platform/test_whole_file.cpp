@@ -3,6 +3,7 @@
 #include "base/failure.h"
 #include "platform/files.h"
 #include "save_folder.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 #include <csignal>
@@ -21,6 +22,7 @@ namespace kelmar::platform {
 namespace {
 
 namespace fs = std::filesystem;
+using support::bytesOf;
 
 class WholeFile : public testing::SaveFolder {};
 
@@ -73,7 +75,7 @@ TEST_F(WholeFile, ReplacesTheContentAndLeavesNothingElse) {
   std::string large(5'000'001, 'x');
   large[4'000'000] = '\0';
   writeWhole(path, large);
-  EXPECT_TRUE(holds(path, large));
+  EXPECT_TRUE(bytesOf(path) == large);
   EXPECT_EQ(names(), std::vector<std::string>{"a.xml"});
 }
 
@@ -237,7 +239,7 @@ TEST_F(WholeFile, AFullDiskLeavesTheOldFileWhole) {
   const std::string reason = mounted ? ": No space left on device" : ": File too large";
   EXPECT_EQ(write, path + reason);
   EXPECT_EQ(copy, path + reason);
-  EXPECT_TRUE(holds(path, old));
+  EXPECT_TRUE(bytesOf(path) == old);
   EXPECT_EQ(std::distance(fs::directory_iterator(disk), {}), 1) << "a temporary file was left";
   // There is room for a small one still.
   EXPECT_EQ(failureOf([&] { writeWhole(path, "small"); }), "");
@@ -323,7 +325,7 @@ TEST_F(WholeFile, CopiesOverAnExistingFileWithTheModeOfTheSource) {
   writeWhole(from, large);
   ASSERT_EQ(::chmod(from.c_str(), 0600), 0);
   copyWhole(from, to);
-  EXPECT_TRUE(holds(to, large));
+  EXPECT_TRUE(bytesOf(to) == large);
   EXPECT_EQ(modeOf(to), 0600u) << "a private file has a private copy";
   writeWhole(from, "short");
   copyWhole(from, to);
