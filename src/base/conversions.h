@@ -31,13 +31,12 @@ double toDouble(std::string_view text);
 /// True when toDouble would succeed.
 bool isNumeric(std::string_view text);
 
-/// A number with at most 28 significant digits that never prints in exponent form, taken from the
-/// shortest text that reads back as the double. Digits beyond 28 decimals are rounded off, ties to
-/// even. value = digits * 10^-scale.
+/// A number that never prints in exponent form, taken from the shortest text that reads back as the
+/// double; none of its digits is lost, however small it is. value = digits * 10^-scale.
 class Decimal {
  public:
   Decimal() = default;
-  /// Raises NumericOverflow when 28 digits do not hold the integer part.
+  /// Raises NumericOverflow when 28 digits do not hold the part before the point.
   explicit Decimal(double value);
 
   double toDouble() const;
@@ -49,7 +48,7 @@ class Decimal {
  private:
   bool negative_ = false;
   std::string digits_ = "0"; // without leading zeros
-  int scale_ = 0;            // digits behind the point, 0..28
+  int scale_ = 0;            // digits behind the point
 };
 
 /// The number text of the ECU file: a blank before a non-negative number, no zero before the

@@ -10,30 +10,7 @@ namespace kelmar {
 
 namespace {
 
-constexpr int mostDigits = 28;
-
-// Drops `count` digits at the end, ties to even.
-void roundOff(std::string& digits, int count) {
-  if (count > static_cast<int>(digits.size())) {
-    digits = "0";
-    return;
-  }
-  const std::string dropped = digits.substr(digits.size() - static_cast<std::size_t>(count));
-  digits.resize(digits.size() - static_cast<std::size_t>(count));
-  const bool odd = !digits.empty() && (digits.back() - '0') % 2 != 0;
-  const bool tie = dropped[0] == '5' && dropped.find_first_not_of('0', 1) == std::string::npos;
-  const bool up = tie ? odd : dropped[0] >= '5';
-  if (digits.empty()) digits = "0";
-  if (!up) return;
-  for (std::size_t i = digits.size(); i-- > 0;) {
-    if (digits[i] != '9') {
-      ++digits[i];
-      return;
-    }
-    digits[i] = '0';
-  }
-  digits.insert(digits.begin(), '1');
-}
+constexpr int mostDigitsBeforeThePoint = 28;
 
 } // namespace
 
@@ -51,24 +28,13 @@ Decimal::Decimal(double value) {
   std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
   digits_ = text.substr(0, 1);
   if (mark > 2) digits_ += text.substr(2, mark - 2);
-  if (exponent >= mostDigits) throw platformFailure(NumericOverflow);
+  if (exponent >= mostDigitsBeforeThePoint) throw platformFailure(NumericOverflow);
   scale_ = static_cast<int>(digits_.size()) - 1 - exponent;
   if (scale_ < 0) {
     digits_.append(static_cast<std::size_t>(-scale_), '0');
     scale_ = 0;
   }
-  if (scale_ > mostDigits) {
-    roundOff(digits_, scale_ - mostDigits);
-    scale_ = mostDigits;
-  }
-  while (scale_ > 0 && digits_.size() > 1 && digits_.back() == '0') {
-    digits_.pop_back();
-    --scale_;
-  }
-  if (digits_ == "0")
-    scale_ = 0;
-  else
-    negative_ = value < 0;
+  negative_ = value < 0;
 }
 
 double Decimal::toDouble() const {

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/trad_config.h"
 
+#include "base/conversions.h"
+
 namespace kelmar {
 
 void addTradConfig(TabText& text, const DataItem& data) {
   const bool hasValues = data.numerique && data.DataListes && data.DataListes->Count() > 0;
   const std::string size = data.numerique ? std::to_string(data.NumberBits) + " bits"
-                                          : std::to_string(data.NumberBits / 8) + " bytes";
+                                          : doubleToPlainText(data.NumberBits / 8.0) + " bytes";
   if (!hasValues) {
     text.line({data.dataName(), size, data.Description, "", "", "", "", "", ""});
     return;

@@ -54,7 +54,8 @@ DataPositionItem* DisplayDataItem::DataPosition(PositionFinder& positions) const
 
 void DisplayDataItem::setDataPosition(const DataPositionItem* position) {
   if (!position) return;
-  if (const DataItem* data = position->data()) dataName = data->dataName();
+  // In the spelling of the position, by which it is found again; that of the data may differ in case.
+  if (position->data()) dataName = position->dataName;
   if (position->parent) requestName = position->parent->requestName;
 }
 

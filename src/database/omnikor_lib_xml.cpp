@@ -76,22 +76,30 @@ void OmnikorLibXml::ReadGlobalParameters(const std::string& parameterFile) {
 }
 
 void OmnikorLibXml::readCatalogue(const xml::Document& document) {
-  protocols = std::make_shared<ProtocolItems>();
-  Pannes = std::make_shared<PanneItems>();
-  typeOrganes = std::make_shared<TypeOrganeItems>();
+  // A number that does not convert raises, and the catalogue of before then stays.
+  auto newProtocols = std::make_shared<ProtocolItems>();
+  auto newPannes = std::make_shared<PanneItems>();
+  auto newTypes = std::make_shared<TypeOrganeItems>();
   const auto number = [](xml::Node row, const char* attribute) {
     return toInt32(std::string_view(row.attribute(attribute).value()));
   };
   const xml::Node root = rootElement(document, "xml");
-  for (xml::Node row : root.child("Protocols").children("Protocol")) {
-    protocols->Add(number(row, "Code"), number(row, "initMode"),
-                   std::string_view(row.attribute("multiPoint").value()) == "1",
-                   GetLocalizedName(row, "Name", lang));
+  for (xml::Node list : root.children("Protocols")) {
+    for (xml::Node row : list.children("Protocol")) {
+      newProtocols->Add(number(row, "Code"), number(row, "initMode"),
+                        std::string_view(row.attribute("multiPoint").value()) == "1",
+                        GetLocalizedName(row, "Name", lang));
+    }
   }
-  for (xml::Node row : root.child("Failures").children("Failure"))
-    Pannes->Add(number(row, "Id"), GetLocalizedName(row, "Name", lang));
-  for (xml::Node row : root.child("DeviceTypes").children("DeviceType"))
-    typeOrganes->Add(number(row, "Id"), GetLocalizedName(row, "Name", lang));
+  for (xml::Node list : root.children("Failures"))
+    for (xml::Node row : list.children("Failure"))
+      newPannes->Add(number(row, "Id"), GetLocalizedName(row, "Name", lang));
+  for (xml::Node list : root.children("DeviceTypes"))
+    for (xml::Node row : list.children("DeviceType"))
+      newTypes->Add(number(row, "Id"), GetLocalizedName(row, "Name", lang));
+  protocols = std::move(newProtocols);
+  Pannes = std::move(newPannes);
+  typeOrganes = std::move(newTypes);
 }
 
 void OmnikorLibXml::ClearTarget() {

@@ -10,6 +10,7 @@ namespace kelmar {
 
 namespace {
 constexpr std::int32_t colourWithoutValue = 255;
+constexpr std::int32_t soundOutOfRange = 440;
 } // namespace
 
 void RangeItem::setSon(std::int32_t number) {
@@ -19,11 +20,7 @@ void RangeItem::setSon(std::int32_t number) {
 
 void RangeItem::setSoundName(const std::string& name) {
   soundName_ = name;
-  try {
-    son_ = toInt32(name);
-  } catch (const Failure&) {
-    son_ = 0;
-  }
+  son_ = isNumeric(name) ? toInt32(name) : 0;
 }
 
 std::shared_ptr<RangeItem> RangeItem::clone(DisplayItem* newParent) const {
@@ -53,7 +50,11 @@ void RangeItem::loadXml(OmnikorLibXml& database, xml::Node element) {
   soundName_.clear();
   if (const xml::Attribute sound = element.child("Sound").attribute("Name")) {
     SonFlag = true;
-    setSoundName(sound.value());
+    try {
+      setSoundName(sound.value());
+    } catch (const Failure&) {
+      son_ = soundOutOfRange;
+    }
   }
 }
 

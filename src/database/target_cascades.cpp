@@ -3,7 +3,6 @@
 #include "database/target_item.h"
 #include "database/target_walk.h"
 
-#include <unordered_map>
 #include <unordered_set>
 
 namespace kelmar {
@@ -12,13 +11,6 @@ namespace kelmar {
 // everywhere costs one walk and not one for each use. The results are those of going use by use.
 
 namespace {
-
-/// Deletes the displays that answer true, all over the screens.
-template <class Gone> void deleteDisplays(const TargetItem& target, Gone gone) {
-  forEachScreen(target, [&](ScreenItem& screen) {
-    if (screen.DisplayItems) screen.DisplayItems->deleteIf(gone);
-  });
-}
 
 bool showsData(const DisplayItem& display, std::string_view data) {
   return display.DisplayDataItem && display.DisplayDataItem->dataName == data;
@@ -49,43 +41,6 @@ void TargetItem::DeleteData(DataItem* item) {
   for (DataPositionItem* position : positions)
     position->parent->DataPositions->deleteItem(position);
   datas_->deleteItem(item);
-}
-
-void TargetItem::DeleteDataPosition(DataPositionItem* position) {
-  if (position->reference && organes_) organes_->DeleteDataPosition(*position);
-  const std::string& request = position->parent->requestName;
-  deleteDisplays(*this, [&](const DisplayItem& display) {
-    return showsData(display, position->dataName) &&
-           display.DisplayDataItem->requestName == request;
-  });
-  position->parent->DataPositions->deleteItem(position);
-}
-
-void TargetItem::DeleteRequest(RequestItem* item) {
-  const std::string name = item->requestName;
-  std::unordered_set<std::string_view> datas;
-  std::vector<const DataPositionItem*> references;
-  if (item->DataPositions) {
-    for (const DataPositionItem* position : *item->DataPositions) {
-      datas.insert(position->dataName);
-      if (position->reference) references.push_back(position);
-    }
-  }
-  if (organes_) {
-    for (OrganeItem* device : *organes_) {
-      for (const DataPositionItem* position : references) device->DeleteDataPosition(*position);
-      if (device->requestName == name) device->requestName.clear();
-    }
-  }
-  deleteDisplays(*this, [&](const DisplayItem& display) {
-    if (display.DisplayExtraItem && display.DisplayExtraItem->requestName == name) return true;
-    return display.DisplayDataItem && display.DisplayDataItem->requestName == name &&
-           datas.contains(display.DisplayDataItem->dataName);
-  });
-  forEachScenario(*this, [&](ScenarioItems& scenario) {
-    scenario.deleteSteps([&](const ScenarioItem& step) { return step.requestName == name; });
-  });
-  requests_->deleteItem(item);
 }
 
 void TargetItem::DeleteDevice(OrganeItem* item) { organes_->deleteItem(item); }

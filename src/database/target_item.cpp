@@ -159,14 +159,16 @@ void TargetItem::loadXml(OmnikorLibXml& database, xml::Node root) {
   href_ = target.attribute("href").value();
   if (const xml::Attribute email = target.attribute("email")) email_ = email.value();
   if (const xml::Attribute group = target.attribute("group")) group_ = group.value();
-  for (xml::Node project : target.child("Projects").children()) {
-    if (project.type() != pugi::node_element) continue;
-    const std::string name(trimBlanks(baseName(project)));
-    if (name.empty()) continue;
-    try {
-      Projects.Add(name);
-    } catch (const Failure&) {
-      load.notKept("Project", name, project, "the project stands there already");
+  for (xml::Node projects : target.children("Projects")) {
+    for (xml::Node project : projects.children()) {
+      if (project.type() != pugi::node_element) continue;
+      const std::string name(trimBlanks(baseName(project)));
+      if (name.empty()) continue;
+      try {
+        Projects.Add(name);
+      } catch (const Failure&) {
+        load.notKept("Project", name, project, "the project stands there already");
+      }
     }
   }
   if (!database.functions) database.functions = std::make_shared<FunctionItems>();

@@ -124,6 +124,10 @@ class TargetItem {
   void DeleteDataPosition(DataPositionItem* position);
   /// Its positions as above, the freeze-frame names, displays and scenario steps that use it.
   void DeleteRequest(RequestItem* item);
+  /// Many at once, each there once, with the result of one after the other: one walk over the model
+  /// and not one for each.
+  void DeleteDataPositions(const std::vector<DataPositionItem*>& positions);
+  void DeleteRequests(const std::vector<RequestItem*>& items);
   /// The data of the device stay.
   void DeleteDevice(OrganeItem* item);
   /// Positions, the first device and displays follow. Raises 1 "Duplicate data (...)", and then

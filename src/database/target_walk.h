@@ -32,6 +32,13 @@ template <class Visit> void forEachDisplay(const TargetItem& target, Visit visit
   });
 }
 
+/// Deletes the displays that answer true, all over the screens.
+template <class Gone> void deleteDisplays(const TargetItem& target, Gone gone) {
+  forEachScreen(target, [&](ScreenItem& screen) {
+    if (screen.DisplayItems) screen.DisplayItems->deleteIf(gone);
+  });
+}
+
 template <class Visit> void forEachScenario(const TargetItem& target, Visit visit) {
   forEachScreen(target, [&](ScreenItem& screen) {
     if (!screen.ButtonItems) return;

@@ -107,10 +107,11 @@ void TestItem::createXMLnode(xml::Writer& out) const {
 void TestItem::loadXml(OmnikorLibXml& database, xml::Node element) {
   LoadContext& load = database.loading();
   load.pending.clear();
-  if (!readNumber(load, element, "Type", testType)) {
+  if (!element.attribute("Type")) {
     load.pending.set(1, "TestItem.loadXml", "TestItem.loadXml error : Type not found");
     return;
   }
+  readNumber(load, element, "Type", testType);
   Description = xml::textOf(element.child("Description"));
   obd_ = 0;
   std::int32_t code = 0;

@@ -176,7 +176,7 @@ std::optional<unsigned char> byteOf(char32_t character, Encoding encoding) {
   if (encoding == Encoding::Windows1252) {
     if (character >= 0xA0 && character < 0x100) return static_cast<unsigned char>(character);
     const auto found = std::find(windows1252High.begin(), windows1252High.end(), character);
-    if (found != windows1252High.end() && character >= 0x100)
+    if (found != windows1252High.end())
       return static_cast<unsigned char>(0x80 + (found - windows1252High.begin()));
   }
   return std::nullopt;

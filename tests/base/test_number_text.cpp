@@ -132,16 +132,11 @@ TEST(Decimals, KeepTheDouble) {
     EXPECT_EQ(Decimal(value).toDouble(), value);
 }
 
-TEST(Decimals, RoundOffBehindTheTwentyEighthDecimal) {
-  EXPECT_EQ(Decimal(1e-28).toText(), "0." + std::string(27, '0') + "1");
-  EXPECT_EQ(Decimal(1e-29).toText(), "0");
-  EXPECT_EQ(Decimal(-1e-29), Decimal());
-  EXPECT_EQ(Decimal(5e-29).toText(), "0"); // a tie goes to the even digit
-  EXPECT_EQ(Decimal(6e-29).toText(), "0." + std::string(27, '0') + "1");
-  EXPECT_EQ(Decimal(1.5e-28).toText(), "0." + std::string(27, '0') + "2");
-  EXPECT_EQ(Decimal(2.5e-28).toText(), "0." + std::string(27, '0') + "2");
-  EXPECT_EQ(Decimal(9.96e-27).toText(), "0." + std::string(25, '0') + "1");
-  EXPECT_EQ(Decimal(1e-300).toText(), "0");
+TEST(Decimals, KeepAllDigitsOfSmallNumbers) {
+  EXPECT_EQ(Decimal(1e-30).toText(), "0." + std::string(29, '0') + "1");
+  EXPECT_EQ(Decimal(-9.87654321e-22).toText(), "-0." + std::string(21, '0') + "987654321");
+  for (const double value : {1.23456789e-25, -1e-29, 1e-300, 5e-324})
+    EXPECT_EQ(Decimal(value).toDouble(), value);
 }
 
 TEST(Decimals, RefuseAnIntegerPartOfMoreThan28Digits) {

@@ -108,7 +108,8 @@ TEST(ReadGlobalParameters, ReplacesTheThreeListsInTheLanguage) {
 <Name xml:lang="fr">français</Name></Protocol>
 <Protocol Code="13" multiPoint="true" initMode="8"><Name>only</Name><Name>second</Name></Protocol>
 <Protocol Code="14" multiPoint="0" initMode="9"/></Protocols>
-<Failures><Failure Id="70"><Name xml:lang="en">seventy</Name></Failure></Failures></xml>)"));
+<Failures><Failure Id="70"><Name xml:lang="en">seventy</Name></Failure></Failures>
+<Failures><Failure Id="71"><Name>next</Name></Failure></Failures></xml>)"));
   ASSERT_EQ(db.protocols->Count(), 3);
   EXPECT_EQ(db.protocols->Item(1)->protocolName, "français");
   EXPECT_TRUE(db.protocols->Item(1)->multiPoint);
@@ -117,7 +118,7 @@ TEST(ReadGlobalParameters, ReplacesTheThreeListsInTheLanguage) {
   EXPECT_EQ(db.protocols->Item(2)->protocolName, "only");
   EXPECT_FALSE(db.protocols->Item(2)->multiPoint) << "only \"1\" counts here";
   EXPECT_EQ(db.protocols->Item(3)->protocolName, "");
-  EXPECT_EQ(labelled(*db.Pannes), "70|seventy\n");
+  EXPECT_EQ(labelled(*db.Pannes), "70|seventy\n71|next\n");
   EXPECT_EQ(db.typeOrganes->Count(), 0);
 }
 
@@ -128,6 +129,15 @@ TEST(ReadGlobalParameters, OfABadFileNamesItAndTheReasonAndKeepsTheLists) {
   EXPECT_EQ(Ecu::failureOf([&] { db.ReadGlobalParameters(path); }),
             "1 OmnikorDatabase: Error when reading parameters " + path +
                 "  msg = no element found, line 1, column 9");
+  EXPECT_EQ(db.protocols->Count(), 9);
+}
+
+TEST(ReadGlobalParameters, WithANumberThatDoesNotConvertRaisesAndKeepsTheLists) {
+  OmnikorLibXml db;
+  const support::TempFolder folder;
+  const std::string path = folder.write("p.xml", R"(<xml><Protocols>
+<Protocol Code="1" initMode="1"/><Protocol Code="2"/></Protocols></xml>)");
+  EXPECT_TRUE(Ecu::failureOf([&] { db.ReadGlobalParameters(path); }).starts_with("13 "));
   EXPECT_EQ(db.protocols->Count(), 9);
 }
 

@@ -245,9 +245,11 @@ TEST(Coefficients, WritersTurnSmallNumbersIntoDecimals) {
   EXPECT_EQ(scaledOf(item), " Step=\" .00001\" Offset=\" .0001\" DivideBy=\" 1E+20\"");
 }
 
-TEST(Coefficients, ANumberTooSmallForADecimalIsZeroAtOnce) {
-  EXPECT_TRUE(Coefficient(1e-30) == 0.0);
-  EXPECT_FALSE(Coefficient(1e-20) == 0.0);
+TEST(Coefficients, TheSmallestNumbersKeepTheirDigits) {
+  EXPECT_EQ(Coefficient(1.25e-30).toNumberText(), " ." + std::string(29, '0') + "125");
+  Read read("<Bits><Scaled Step='1.23456789E-25' Offset='-9.87654321E-22'/></Bits>");
+  EXPECT_TRUE(read.item.CoeffA == 1.23456789e-25);
+  EXPECT_TRUE(read.item.CoeffB == -9.87654321e-22);
 }
 
 TEST(Coefficients, TextWithoutANumberIsZeroAndACommaEndsIt) {

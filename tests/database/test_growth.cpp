@@ -244,6 +244,26 @@ TEST(Growth, OfRenamingAndDeletingADataUsedEverywhere) {
   });
 }
 
+TEST(Growth, OfDeletingAllRequestsAndAllPositions) {
+  for (const bool whole : {true, false}) {
+    expectLinearTime([&](int count) {
+      Ecu ecu;
+      ecu.load(usedEverywhere(count));
+      std::vector<RequestItem*> requests;
+      std::vector<DataPositionItem*> positions;
+      for (RequestItem* request : *ecu.target().Requests()) {
+        requests.push_back(request);
+        for (DataPositionItem* position : *request->DataPositions) positions.push_back(position);
+      }
+      return secondsOf([&] {
+        whole ? ecu.target().DeleteRequests(requests)
+              : ecu.target().DeleteDataPositions(positions);
+        EXPECT_TRUE(ecu.target().GetScreensUsingData("D0").empty());
+      });
+    });
+  }
+}
+
 TEST(Growth, OfDeletingARequestUsedEverywhere) {
   expectLinearTime([](int count) {
     Ecu ecu;

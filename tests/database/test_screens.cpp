@@ -276,6 +276,16 @@ TEST(Display, NamesAreTakenFromThePositionFound) {
   EXPECT_EQ(ecu.display().DisplayDataItem->requestName, "R");
 }
 
+TEST(Display, OfAPositionThatDiffersFromItsDataInCaseCanBeSaved) {
+  Ecu ecu;
+  FileText file;
+  file.datas = "<Data Name='Speed'/>";
+  file.requests = "<Request Name='R'><Sent><DataItem Name='speed'/></Sent></Request>";
+  file.categories = inScreen("<Display DataName='Speed' RequestName='R'/>");
+  ecu.load(file);
+  EXPECT_NE(ecu.saved().find("DataName=\"speed\" RequestName=\"R\""), std::string::npos);
+}
+
 TEST(Display, WithoutItsPartIsNotWritten) {
   DisplayItem item;
   const auto written = [&] {
@@ -404,6 +414,7 @@ TEST(Range, SoundByNumberAndByName) {
   WithScreens ecu(
       inScreen("<Display RequestName='Q'><Threshold><Sound Name='440'/></Threshold>"
                "<Threshold><Sound Name='beep'/></Threshold><Threshold><Sound/></Threshold>"
+               "<Threshold><Sound Name='99999999999'/></Threshold>"
                "</Display>"));
   const RangeItems& ranges = *ecu.display().RangeItems;
   EXPECT_EQ(ranges.Item(1)->Son(), 440);
@@ -412,6 +423,8 @@ TEST(Range, SoundByNumberAndByName) {
   EXPECT_EQ(ranges.Item(2)->SoundName(), "beep");
   EXPECT_TRUE(ranges.Item(2)->SonFlag);
   EXPECT_FALSE(ranges.Item(3)->SonFlag);
+  EXPECT_EQ(ranges.Item(4)->Son(), 440);
+  EXPECT_EQ(ranges.Item(4)->SoundName(), "99999999999");
   EXPECT_EQ(fragmentOf(*ranges.Item(1), "Threshold"),
             "<Threshold Value=\" 0\" Color=\"255\">\n<Sound Name=\"440\"/></Threshold>");
 }

@@ -146,6 +146,13 @@ TEST(Projects, AreReadByBaseNameAndADuplicateKeepsOneEntry) {
                           "Project|a|Projects/a|1|the project stands there already\n");
 }
 
+TEST(Projects, OfASecondListAreReadToo) {
+  Ecu ecu;
+  ecu.load(targetText("Name='E'", "<Projects><A/></Projects><Projects><B/></Projects>" + engine));
+  EXPECT_TRUE(ecu.target().Projects.contains("A"));
+  EXPECT_TRUE(ecu.target().Projects.contains("B"));
+}
+
 TEST(Projects, AKeyIsThereOnlyOnceWhateverItsCase) {
   ProjectNames names;
   names.Add("Été");

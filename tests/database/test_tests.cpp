@@ -87,6 +87,13 @@ TEST(TestRead, WithoutTypeIsKeptWithNothingRead) {
   EXPECT_EQ(bare.db.loading().pending.error().text, "TestItem.loadXml error : Type not found");
 }
 
+TEST(TestRead, OfATypeThatDoesNotConvertReadsTheRest) {
+  WithTests ecu("<Device Name='V'><Test Type='x' OBD='5'><Description>d</Description></Test></Device>");
+  EXPECT_EQ(ecu.test().testType, 0);
+  EXPECT_EQ(ecu.test().OBD(), 5);
+  EXPECT_EQ(ecu.test().Description, "d");
+}
+
 TEST(TestRead, WhatDoesNotConvertIsTheDefault) {
   WithTests ecu("<Device Name='V'><Test Type='1' OBD='x' Severity='y'/></Device>");
   EXPECT_EQ(ecu.test().OBD(), 0);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/files.h"
 #include "random_document.h"
+#include "xml/writer.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -32,6 +33,9 @@ TEST(Encodings, BytesWithoutACharacterInWindows1252AreReadAsTheirNumber) {
   Document document;
   ASSERT_TRUE(document.loadBytes("<?xml version='1.0' encoding='windows-1252'?><a>\x81\x8D</a>"));
   EXPECT_EQ(textOf(document.node()), "\xC2\x81\xC2\x8D");
+  Writer out("windows-1252");
+  out.cdataElement("a", textOf(document.node()));
+  EXPECT_EQ(out.take(), "<a><![CDATA[\x81\x8D]]></a>");
 }
 
 // Why each file is refused. A new sample without a row fails the test.

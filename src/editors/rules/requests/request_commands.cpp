@@ -64,16 +64,8 @@ renameRequests(TargetItem& target, const RequestSelection& requests,
 }
 
 int deleteRequests(TargetItem& target, const RequestSelection& requests) {
-  int deleted = 0;
-  for (RequestItem* request : requests) {
-    try {
-      target.DeleteRequest(request);
-      ++deleted;
-    } catch (const Failure&) {
-      // It stays, and the others go on.
-    }
-  }
-  return deleted;
+  target.DeleteRequests(requests);
+  return static_cast<int>(requests.size());
 }
 
 RequestSelection setManuelSend(const RequestSelection& requests, bool value) {
