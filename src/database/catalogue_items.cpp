@@ -51,7 +51,7 @@ bool requireNumber(LoadContext& load, xml::Node element, const char* attribute,
 
 } // namespace
 
-void writeCanIdentifier(xml::Writer& out, const char* element, std::int32_t identifier) {
+void writeCanIdentifier(xml::Writer& out, xml::Name element, std::int32_t identifier) {
   out.open(element);
   out.lineFeed();
   out.open("CANId");

@@ -113,7 +113,7 @@ class FunctionItems : public Items<FunctionItem> {
 
 /// Writes `SendId` or `ReceiveId` with its `CANId`: the low 29 bits and `Extended` for a 29-bit
 /// identifier.
-void writeCanIdentifier(xml::Writer& out, const char* element, std::int32_t identifier);
+void writeCanIdentifier(xml::Writer& out, xml::Name element, std::int32_t identifier);
 /// Reads the value under `element` ("SendId"), -1 when there is none; tolerant.
 std::int32_t readCanIdentifier(LoadContext& load, xml::Node parent, const char* element);
 

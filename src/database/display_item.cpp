@@ -105,11 +105,11 @@ void DisplayItem::createXMLnode(xml::Writer& out) const {
 }
 
 void DisplayItem::createXMLnode(xml::Writer& out, PositionFinder& positions) const {
-  std::string element = "Display";
-  std::string data, request;
+  bool isInput = false;
+  std::string_view data, request;
   if (TypeDisplay == requestOnly) {
     if (!DisplayExtraItem) return;
-    if (DisplayExtraItem->param) element = "Input";
+    isInput = DisplayExtraItem->param;
     request = DisplayExtraItem->requestName;
   } else {
     if (!DisplayDataItem && TypeDisplay == dataOfRequest) return;
@@ -125,11 +125,11 @@ void DisplayItem::createXMLnode(xml::Writer& out, PositionFinder& positions) con
     }
     data = position->dataName;
     if (TypeDisplay == dataOfRequest) {
-      if (position->param) element = "Input";
+      isInput = position->param;
       request = position->parent->requestName;
     }
   }
-  out.open(element);
+  out.open(isInput ? xml::Name("Input") : xml::Name("Display"));
   out.attribute("Width", CaptionWidth);
   out.attribute("Color", DisplayColor);
   if (TypeDisplay != requestOnly) out.attribute("DataName", data);

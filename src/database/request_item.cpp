@@ -109,7 +109,7 @@ void RequestItem::createXMLnode(xml::Writer& out) const {
   if (denied) {
     out.open("DenyAccess");
     for (const Access& access : accesses)
-      if (!(this->*access.flag)) out.emptyElement(access.element);
+      if (!(this->*access.flag)) out.emptyElement(xml::Name(access.element));
     out.close();
     out.lineFeed();
   }

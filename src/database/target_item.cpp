@@ -51,7 +51,7 @@ namespace {
 
 /// An element of the target that is written when its collection exists.
 template <class Collection>
-void writeCollection(xml::Writer& out, const char* element, const Collection& collection) {
+void writeCollection(xml::Writer& out, xml::Name element, const Collection& collection) {
   if (!collection) return;
   out.lineFeed();
   out.open(element);
@@ -84,7 +84,7 @@ void TargetItem::createXMLnode(xml::Writer& out) {
         throw Failure(1, "ExportUceToXml",
                       "Project '" + project + "': the name is no XML name and cannot be written");
       }
-      out.emptyElement(project);
+      out.emptyElement(xml::Name(project));
     }
     out.close();
     out.item("ECU", name_);

@@ -20,7 +20,7 @@ constexpr std::int32_t canFdBaudRate = 2000000;
 
 const char* flag(bool value) { return value ? "1" : "0"; }
 
-void element(xml::Writer& out, const char* name, const char* attribute, std::int32_t value) {
+void element(xml::Writer& out, xml::Name name, xml::Name attribute, std::int32_t value) {
   out.open(name);
   out.attribute(attribute, value);
   out.close();
@@ -55,7 +55,7 @@ void TargetParamItem::createXMLnode(xml::Writer& out) {
   }
   // Fixed: nothing in the model feeds them.
   out.open("PowerSupply");
-  for (const char* supply : {"Ground", "Vbat", "AfterContact"}) {
+  for (const xml::Name supply : {xml::Name("Ground"), xml::Name("Vbat"), xml::Name("AfterContact")}) {
     out.lineFeed();
     out.emptyElement(supply);
   }

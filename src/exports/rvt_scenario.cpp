@@ -80,13 +80,17 @@ std::string startBytesOf(std::span<const std::uint8_t> request) {
 /// Writes one element a line.
 class Lines {
  public:
-  using Attributes = std::initializer_list<std::pair<const char*, std::string>>;
+  struct Attribute {
+    xml::Name name;
+    std::string value;
+  };
+  using Attributes = std::initializer_list<Attribute>;
 
-  void open(const char* element, Attributes attributes) {
+  void open(xml::Name element, Attributes attributes) {
     start(element, attributes);
     out_.crLf();
   }
-  void empty(const char* element, Attributes attributes) {
+  void empty(xml::Name element, Attributes attributes) {
     start(element, attributes);
     close();
   }
@@ -105,7 +109,7 @@ class Lines {
   std::string take() { return out_.take(); }
 
  private:
-  void start(const char* element, Attributes attributes) {
+  void start(xml::Name element, Attributes attributes) {
     out_.open(element);
     for (const auto& [name, value] : attributes)
       out_.attribute(name, value);

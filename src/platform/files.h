@@ -19,8 +19,8 @@ bool folderExists(const std::string& path);
 /// True when no write bit is set in the file's mode, whoever asks.
 bool isReadOnly(const std::string& path);
 
-/// Replaces the file at once or not at all: a temporary file in the same folder, flushed to the
-/// disk, read back and compared, renamed over the old one; mode and symbolic link are kept. A
+/// Replaces the file at once or not at all: a temporary file in the same folder, read back and
+/// compared, flushed to the disk, renamed over the old one; mode and symbolic link are kept. A
 /// temporary file that a crash left for this name is cleared away first. Raises FileAccessFailed
 /// with path and reason; the old file is then whole.
 void writeWhole(const std::string& path, std::string_view bytes);

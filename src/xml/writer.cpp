@@ -182,21 +182,26 @@ void Writer::appendRaw(std::string_view value) {
   append(value, rawSpecials.has, escapeNothing, false);
 }
 
-void Writer::demandName(std::string_view name, const char* what) const {
-  const auto colon = name.find(':');
+void Writer::appendName(Name name, const char* what) {
+  const std::string_view text = name.text();
+  if (name.isOfTheCode()) {
+    out_ += text;
+    return;
+  }
+  const auto colon = text.find(':');
   const bool good = colon == std::string_view::npos
-                        ? isXmlName(name)
-                        : isXmlName(name.substr(0, colon)) && isXmlName(name.substr(colon + 1));
-  if (!good) refuse("'" + replaceMalformed(name) + "' is no XML " + what + " name");
+                        ? isXmlName(text)
+                        : isXmlName(text.substr(0, colon)) && isXmlName(text.substr(colon + 1));
+  if (!good) refuse("'" + replaceMalformed(text) + "' is no XML " + what + " name");
+  appendRaw(text);
 }
 
-void Writer::processingInstruction(std::string_view target, std::string_view data) {
+void Writer::processingInstruction(Name target, std::string_view data) {
   closeStartTag();
-  demandName(target, "instruction");
   if (data.find("?>") != std::string_view::npos)
     refuse("a processing instruction cannot hold \"?>\"");
   out_ += "<?";
-  appendRaw(target);
+  appendName(target, "instruction");
   if (!data.empty()) {
     out_ += ' ';
     appendRaw(data);
@@ -204,30 +209,34 @@ void Writer::processingInstruction(std::string_view target, std::string_view dat
   out_ += "?>";
 }
 
-void Writer::open(std::string_view element) {
+void Writer::open(Name element) {
   closeStartTag();
-  demandName(element, "element");
   out_ += '<';
   const std::size_t position = out_.size();
-  appendRaw(element);
+  appendName(element, "element");
   open_.push_back({position, out_.size() - position});
   inStartTag_ = true;
 }
 
-void Writer::attribute(std::string_view name, std::string_view value) {
+void Writer::startAttribute(Name name) {
   if (!inStartTag_) refuse("an attribute stands before the content of its element");
-  demandName(name, "attribute");
   out_ += ' ';
-  appendRaw(name);
+  appendName(name, "attribute");
   out_ += "=\"";
+}
+
+void Writer::attribute(Name name, std::string_view value) {
+  startAttribute(name);
   append(value, attributeSpecials.has, escapeInAttribute, true);
   out_ += '"';
 }
 
-void Writer::attribute(std::string_view name, std::int32_t value) {
+void Writer::attribute(Name name, std::int32_t value) {
+  startAttribute(name);
   std::array<char, 12> digits;
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  attribute(name, {digits.data(), static_cast<std::size_t>(end - digits.data())});
+  out_.append(digits.data(), end);
+  out_ += '"';
 }
 
 void Writer::text(std::string_view value) {
@@ -278,18 +287,18 @@ void Writer::close() {
   out_ += '>';
 }
 
-void Writer::textElement(std::string_view element, std::string_view value) {
+void Writer::textElement(Name element, std::string_view value) {
   open(element);
   text(value);
   close();
 }
 
-void Writer::emptyElement(std::string_view element) {
+void Writer::emptyElement(Name element) {
   open(element);
   close();
 }
 
-void Writer::cdataElement(std::string_view element, std::string_view value) {
+void Writer::cdataElement(Name element, std::string_view value) {
   open(element);
   cdata(value);
   close();

@@ -11,6 +11,39 @@
 
 namespace kelmar::xml {
 
+/// The name of an element, an attribute or an instruction, with at most one colon: "zem:Target".
+class Name {
+ public:
+  /// A name that stands in the code, in plain letters; one that XML does not allow does not compile.
+  template <std::size_t size>
+  consteval Name(const char (&text)[size]) : text_(text, size - 1), isOfTheCode_(true) {
+    if (!isPlain(text_)) throw "this is no XML name";
+  }
+  /// A name of the data, which the Writer checks. `text` must outlive it.
+  explicit Name(std::string_view text) : text_(text) {}
+
+  std::string_view text() const { return text_; }
+  bool isOfTheCode() const { return isOfTheCode_; }
+
+ private:
+  static constexpr bool isPlain(std::string_view text) {
+    bool begins = true, hasColon = false;
+    for (const char c : text) {
+      const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+      const bool isOther = (c >= '0' && c <= '9') || c == '-' || c == '.';
+      if (c == ':' && !begins && !hasColon)
+        hasColon = true;
+      else if (!isLetter && (begins || !isOther))
+        return false;
+      begins = c == ':';
+    }
+    return !begins;
+  }
+
+  std::string_view text_;
+  bool isOfTheCode_ = false;
+};
+
 /// Writes a document or a fragment as text, byte for byte as it is asked to: nothing is indented,
 /// an element without content is written "<a/>". An empty text is no content, an empty CDATA
 /// section is.
@@ -36,13 +69,12 @@ class Writer {
   /// Makes room for a text of about so many bytes, which spares a large one the copies of growing.
   void reserve(std::size_t bytes) { out_.reserve(bytes); }
 
-  void processingInstruction(std::string_view target, std::string_view data);
+  void processingInstruction(Name target, std::string_view data);
 
-  /// A name with at most one colon, as in "zem:Target".
-  void open(std::string_view element);
+  void open(Name element);
   /// Before any content of the open element. Line ends and tabs are written as references.
-  void attribute(std::string_view name, std::string_view value);
-  void attribute(std::string_view name, std::int32_t value);
+  void attribute(Name name, std::string_view value);
+  void attribute(Name name, std::int32_t value);
   /// Carriage returns are written as references; line feeds and tabs stand raw.
   void text(std::string_view value);
   /// A text node of one line feed; crLf() of carriage return and line feed. These separators are
@@ -56,10 +88,10 @@ class Writer {
   void close();
 
   /// <element>value</element>
-  void textElement(std::string_view element, std::string_view value);
+  void textElement(Name element, std::string_view value);
   /// <element/>
-  void emptyElement(std::string_view element);
-  void cdataElement(std::string_view element, std::string_view value);
+  void emptyElement(Name element);
+  void cdataElement(Name element, std::string_view value);
 
   /// The bytes in the encoding asked for (UTF-16 with a byte order mark, low byte first), all
   /// elements closed. The writer is empty afterwards.
@@ -80,7 +112,8 @@ class Writer {
               bool referencesAllowed);
   void appendRaw(std::string_view value);
   void appendCharacter(char32_t character, std::string_view bytes, bool referencesAllowed);
-  void demandName(std::string_view name, const char* what) const;
+  void appendName(Name name, const char* what);
+  void startAttribute(Name name);
   [[noreturn]] void refuse(const std::string& why) const;
 
   Encoding encoding_;

@@ -101,7 +101,7 @@ class Ecu {
 template <class Item>
 std::string fragmentOf(Item& item, const char* element) {
   xml::Writer out;
-  out.open(element);
+  out.open(xml::Name(element));
   item.createXMLnode(out);
   out.close();
   return out.take();

@@ -12,6 +12,8 @@
 namespace kelmar::xml {
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr const char* encodings[] = {"UTF-8", "UTF-16", "ISO-8859-1", "windows-1252"};
 
 std::string declaration(const std::string& encoding) {
@@ -111,7 +113,7 @@ TEST(Writer, NamesTheItemAndTheCharacterThatTheEncodingLacks) {
             "the character U+0082 cannot be written in windows-1252");
   for (const char* encoding : {"UTF-8", "UTF-16"})
     EXPECT_EQ(refusal([](Writer& w) { w.cdata("€𝄞"); }, encoding), "");
-  EXPECT_EQ(refusal([](Writer& w) { w.open("é€"); }, "ISO-8859-1"),
+  EXPECT_EQ(refusal([](Writer& w) { w.open(Name("é€"sv)); }, "ISO-8859-1"),
             "the character U+20AC cannot be written in ISO-8859-1")
       << "U+20AC is a name character of the fifth edition's ranges";
   EXPECT_NE(refusal([](Writer& w) { w.processingInstruction("p", "日本"); }, "ISO-8859-1"), "");
@@ -158,12 +160,12 @@ TEST(Writer, RefusesWhatXmlCannotHoldAnywhere) {
 TEST(Writer, RefusesNamesThatAreNone) {
   EXPECT_EQ(refusal([](Writer& w) {
               w.item("Project", "a b");
-              w.open("a b");
+              w.open(Name("a b"sv));
             }),
             "Project 'a b': 'a b' is no XML element name");
-  EXPECT_EQ(refusal([](Writer& w) { w.attribute("1", "x"); }), "'1' is no XML attribute name");
+  EXPECT_EQ(refusal([](Writer& w) { w.attribute(Name("1"sv), "x"); }), "'1' is no XML attribute name");
   for (const char* name : {"", ":a", "a:", "a:b:c", "a>", "-"})
-    EXPECT_NE(refusal([&](Writer& w) { w.open(name); }), "") << name;
+    EXPECT_NE(refusal([&](Writer& w) { w.open(Name(name)); }), "") << name;
   EXPECT_EQ(refusal([](Writer& w) { w.open("ds:Categories"); }), "");
   EXPECT_NE(refusal([](Writer& w) { w.processingInstruction("p", "a?>b"); }), "");
 }
