@@ -29,6 +29,7 @@ SettingsStore::SettingsStore() : SettingsStore(defaultFile()) {}
 SettingsStore::SettingsStore(const std::string& file) : settings_(qs(file), QSettings::IniFormat) {}
 
 std::optional<std::string> SettingsStore::read(const std::string& path) const {
+  settings_.sync(); // another instance may have written since
   const QVariant value = settings_.value(keyOf(path));
   // A list is what a person made of an unquoted comma in the file.
   if (value.metaType().id() == QMetaType::QStringList)

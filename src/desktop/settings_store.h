@@ -16,6 +16,7 @@ class SettingsStore : public platform::Settings {
   SettingsStore();
   explicit SettingsStore(const std::string& file);
 
+  /// As it stands in the file now.
   std::optional<std::string> read(const std::string& path) const override;
   /// Kept at once, for other instances to see. Raises FileAccessFailed when the file cannot be
   /// written.
@@ -27,7 +28,7 @@ class SettingsStore : public platform::Settings {
  private:
   void keep();
 
-  QSettings settings_;
+  mutable QSettings settings_; // reading brings it up to date
 };
 
 } // namespace kelmar::desktop

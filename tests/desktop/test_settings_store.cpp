@@ -78,6 +78,15 @@ TEST(SettingsStore, AWrite_IsSeenByOtherInstancesAtOnce) {
   EXPECT_EQ(SettingsStore(file).read("ZEM\\x"), std::nullopt);
 }
 
+TEST(SettingsStore, WhatAnotherProcessHasWritten_IsRead) {
+  const TempFolder folder;
+  const std::string file = folder.write("a.conf", "[A]\nb=1\n");
+  const SettingsStore store(file);
+  EXPECT_EQ(store.read("A\\b"), "1");
+  folder.write("a.conf", "[A]\nb=another\n");
+  EXPECT_EQ(store.read("A\\b"), "another");
+}
+
 TEST(SettingsStore, TheFile_FollowsTheConfigurationFolder) {
   const TempFolder folder;
   const std::string before = std::getenv("XDG_CONFIG_HOME");
