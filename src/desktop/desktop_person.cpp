@@ -5,6 +5,7 @@
 #include "desktop/qt_text.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -97,6 +98,15 @@ void showText(QMessageBox& box, const QString& text) {
   if (box.text() != text) box.setDetailedText(text.left(longestDetails));
 }
 
+/// The name with the default extension where it fits none of the patterns of the filter, such as
+/// "*.xml" in "Ecu Files (*.xml)". The dialog itself takes what stands behind any point for one.
+QString withExtension(const QString& file, const QString& filter, const QString& extension) {
+  if (extension.isEmpty() || filter.isEmpty()) return file;
+  const QString patterns = filter.sliced(filter.lastIndexOf(QLatin1Char('(')) + 1).chopped(1);
+  const bool fits = QDir::match(patterns.split(QLatin1Char(' ')), QFileInfo(file).fileName());
+  return fits ? file : file + QLatin1Char('.') + extension;
+}
+
 } // namespace
 
 QStringList nameFilters(const std::string& filter) {
@@ -177,7 +187,9 @@ std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
     dialog.selectFile(proposal.isAbsolute() ? proposal.filePath() : name);
 
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-    const QString chosen = QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath();
+    QString chosen = QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath();
+    if (saves)
+      chosen = withExtension(chosen, dialog.selectedNameFilter(), dialog.defaultSuffix());
     if (saves && !mayBeWritten(QApplication::activeWindow(), chosen)) continue;
     lastFolder_ = folder ? chosen : QFileInfo(chosen).path();
     return u8(chosen);

@@ -220,8 +220,32 @@ TEST_F(DesktopPerson, SavingAddsTheExtensionThatIsMissing) {
   EXPECT_EQ(person.file(question(FileQuestion::Kind::Save)), folder.file("engine.xml"));
 }
 
-TEST_F(DesktopPerson, SavingKeepsAnExtensionThatIsThere) {
-  const WhenDialogOpens user([&](QDialog& dialog) { nameFile(dialog, folder.file("engine.txt")); });
+TEST_F(DesktopPerson, SavingAddsTheExtensionBehindANameWithAPoint) {
+  folder.write("ABS_V1.2.xml", "<a/>");
+  const WhenDialogOpens user([&](QDialog& dialog) { nameFile(dialog, folder.file("ABS_V1.2")); });
+  QTimer asked;
+  std::string text;
+  QObject::connect(&asked, &QTimer::timeout, [&] {
+    if (auto* box = qobject_cast<QMessageBox*>(activeDialog())) {
+      text = box->text().toStdString();
+      click(control<QPushButton>(*box, "buttonYes"));
+    }
+  });
+  asked.start(30);
+  EXPECT_EQ(person.file(question(FileQuestion::Kind::Save)), folder.file("ABS_V1.2.xml"));
+  EXPECT_EQ(text, "ABS_V1.2.xml already exists.\nDo you want to replace it?");
+}
+
+TEST_F(DesktopPerson, SavingKeepsAnExtensionThatFitsTheFilter) {
+  {
+    const WhenDialogOpens user(
+        [&](QDialog& dialog) { nameFile(dialog, folder.file("engine.XML")); });
+    EXPECT_EQ(person.file(question(FileQuestion::Kind::Save)), folder.file("engine.XML"));
+  }
+  const WhenDialogOpens user([&](QDialog& dialog) {
+    dynamic_cast<QFileDialog&>(dialog).selectNameFilter("All files (*)");
+    nameFile(dialog, folder.file("engine.txt"));
+  });
   EXPECT_EQ(person.file(question(FileQuestion::Kind::Save)), folder.file("engine.txt"));
 }
 
