@@ -128,6 +128,16 @@ void ZEMnumeric::retranslateBaseMenu() {
 }
 
 void ZEMnumeric::setvalue(double requested) {
+  // A number that nobody types is not lost to the base that it would be shown in.
+  NumberRules anyBase = rules_;
+  anyBase.Base = NumberBase::Decimal;
+  if (std::isfinite(requested) &&
+      correctedNumber(requested, rules_) != correctedNumber(requested, anyBase))
+    setBase(0);
+  take(requested);
+}
+
+void ZEMnumeric::take(double requested) {
   if (!std::isfinite(requested)) return;
   const double corrected = correctedNumber(requested, rules_);
   if (corrected != requested) emit valueCorrected(requested, corrected);
@@ -242,7 +252,7 @@ void ZEMnumeric::commitText() {
     // A value that was set while it was free may lie outside the limits that hold for typing; nobody
     // has typed it.
   } else if (const auto number = readNumber(u8(text()), rules_.Base)) {
-    setvalue(*number);
+    take(*number);
   } else {
     Refresh();
   }
@@ -255,7 +265,7 @@ void ZEMnumeric::selectAll() {
 
 void ZEMnumeric::spin(double sign) {
   commitText();
-  setvalue(value_ + sign * increment_);
+  take(value_ + sign * increment_);
 }
 
 void ZEMnumeric::chooseBase(int base) {
@@ -290,7 +300,8 @@ bool ZEMnumeric::takeKey(const QKeyEvent& event) {
     commitText();
     return false;
   case NumberKey::ToggleBase:
-    chooseBase(Base() == 0 ? 1 : 0);
+    // Without the button nothing would tell in which base the number is read.
+    if (BaseButtonVisible()) chooseBase(Base() == 0 ? 1 : 0);
     return true;
   }
   return true;

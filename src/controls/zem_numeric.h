@@ -52,8 +52,9 @@ class ZEMnumeric : public QWidget {
 
   /// The committed value.
   double value() const { return value_; }
-  /// Corrects it by limits and grid as a typed one, and raises the same signals. A value that is
-  /// not finite is not taken.
+  /// Corrects it by limits and grid as a typed one, and raises the same signals. One that the
+  /// hexadecimal base cannot hold, such as a negative one, leads back to the decimal base. A value
+  /// that is not finite is not taken.
   void setvalue(double requested);
 
   // Limits and grid hold for the values that come after them; the present one stays.
@@ -84,6 +85,7 @@ class ZEMnumeric : public QWidget {
 
   bool IncDecButtonVisible() const;
   void setIncDecButtonVisible(bool visible);
+  /// Where it is not, the key H leaves the base alone.
   bool BaseButtonVisible() const;
   void setBaseButtonVisible(bool visible);
 
@@ -153,6 +155,7 @@ class ZEMnumeric : public QWidget {
   void takeFocus();
   bool takeKey(const QKeyEvent& event);
   bool showsValue() const;
+  void take(double requested);
   void spin(double sign);
   void chooseBase(int base);
 

@@ -146,17 +146,43 @@ TEST_F(ZEMnumericTest, Hexadecimal_MinusOneBecomesZero) {
   field->setBase(1);
   field->setvalue(5);
   said.clear();
-  field->setvalue(-1);
-  EXPECT_EQ(field->value(), 0);
-  EXPECT_EQ(heard(), "corrected -1 0 at 5; changed 5 0");
   QApplication::clipboard()->setText("-1");
-  field->setvalue(5);
   press(box(), Qt::Key_A, Qt::ControlModifier);
   press(box(), Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(text(), "-1");
   press(box(), Qt::Key_Return);
   EXPECT_EQ(field->value(), 0);
   EXPECT_EQ(text(), "0");
+  EXPECT_EQ(heard(), "corrected -1 0 at 5; changed 5 0");
+}
+
+TEST_F(ZEMnumericTest, Hexadecimal_ANegativeValueThatCodeSetsIsShownInTheDecimalBase) {
+  field->setBase(1);
+  field->setvalue(5);
+  said.clear();
+  field->setvalue(-1);
+  EXPECT_EQ(field->value(), -1);
+  EXPECT_EQ(text(), "-1");
+  EXPECT_EQ(field->Base(), 0);
+  EXPECT_EQ(control<QToolButton>(*field, "CBBase").text().toStdString(), "D");
+  EXPECT_EQ(heard(), "changed 5 -1");
+  // One that the limits bring within the base stays in it.
+  field->setRangeChecking(true);
+  field->SetMinMax(0, 9);
+  field->setBase(1);
+  field->setvalue(-1);
+  EXPECT_EQ(field->value(), 0);
+  EXPECT_EQ(field->Base(), 1);
+}
+
+TEST_F(ZEMnumericTest, KeyH_DoesNothingWhereNoButtonTellsTheBase) {
+  field->setBaseButtonVisible(false);
+  retype(box(), "16");
+  type(box(), "h");
+  press(box(), Qt::Key_Return);
+  EXPECT_EQ(field->Base(), 0);
+  EXPECT_EQ(text(), "16");
+  EXPECT_EQ(field->value(), 16);
 }
 
 TEST_F(ZEMnumericTest, KeyH_CommitsTogglesAndIsEaten) {
