@@ -3,9 +3,11 @@
 #include "controls/command_table.h"
 
 #include "controls/icons.h"
+#include "controls/list_view.h"
 #include "desktop/qt_text.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QToolBar>
 #include <QToolButton>
@@ -15,6 +17,17 @@
 namespace kelmar {
 
 using desktop::qs;
+
+namespace {
+
+/// A name that is being typed in a list keeps the focus when a button is clicked: it is taken before
+/// a command shows or writes what the list has.
+void finishTypedName() {
+  for (QWidget* widget = QApplication::focusWidget(); widget; widget = widget->parentWidget())
+    if (auto* list = qobject_cast<ListView*>(widget)) list->finishName();
+}
+
+} // namespace
 
 CommandTable::CommandTable(QWidget* owner, std::vector<Command> commands) : QObject(owner) {
   entries_.reserve(commands.size());
@@ -29,6 +42,7 @@ CommandTable::CommandTable(QWidget* owner, std::vector<Command> commands) : QObj
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     // Enabled states may be older than a key press that follows another event.
     connect(action, &QAction::triggered, this, [run = command.run, enabled = command.enabled] {
+      finishTypedName();
       if (!enabled || enabled()) run();
     });
     owner->addAction(action);

@@ -35,7 +35,8 @@ struct Command {
 };
 
 /// The commands of a page in one table, from which its tool bar, its shortcuts and its menus are
-/// built. Enabled states come from the table alone.
+/// built. Enabled states come from the table alone. A name that is being typed in a list is taken
+/// before a command runs.
 class CommandTable : public QObject {
   Q_OBJECT
 

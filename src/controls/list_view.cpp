@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/list_view.h"
 
-#include <QChildEvent>
 #include <QHeaderView>
-#include <QKeyEvent>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -27,27 +26,6 @@ class Still {
   const bool before_;
 };
 
-/// Takes a name that is still being typed over before the page is saved, so that the file has it.
-class NameKeys : public QObject {
- public:
-  explicit NameKeys(ListView& list) : QObject(&list), list_(list) {
-    list.viewport()->installEventFilter(this);
-  }
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (watched == list_.viewport()) {
-      if (event->type() == QEvent::ChildAdded)
-        static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
-    } else if (event->type() == QEvent::ShortcutOverride &&
-               static_cast<QKeyEvent*>(event)->matches(QKeySequence::Save)) {
-      list_.setFocus(Qt::ShortcutFocusReason); // what takes its field the focus ends the typing
-    }
-    return false;
-  }
-
- private:
-  ListView& list_;
-};
-
 } // namespace
 
 ListView::ListView(std::vector<RowColumn> columns, RowFunctions functions, QWidget* parent)
@@ -61,7 +39,6 @@ ListView::ListView(std::vector<RowColumn> columns, RowFunctions functions, QWidg
   setSelectionBehavior(SelectRows);
   setEditTriggers(EditKeyPressed);
   setTabKeyNavigation(false); // the key leads to the next control
-  new NameKeys(*this);
   header()->setSectionsMovable(false);
   for (int column = 0; column < rows_->columnCount(); ++column)
     if (const int width = rows_->columns()[static_cast<std::size_t>(column)].width; width > 0)
@@ -105,6 +82,14 @@ void ListView::editName(RowTag tag) {
   selectRow(row);
   setFocus(Qt::OtherFocusReason);
   edit(rows_->index(row, 0));
+}
+
+void ListView::finishName() {
+  if (state() != EditingState) return;
+  const QPointer<QWidget> editor = indexWidget(currentIndex());
+  if (!editor) return;
+  commitData(editor); // a box that refuses the name closes the editor itself
+  closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 void ListView::setHeaderSorts(bool sorts) {

@@ -31,6 +31,8 @@ class ListView : public QTreeView {
   void selectRow(int row);
   /// Starts typing over the name in the first column.
   void editName(RowTag tag);
+  /// Takes the name that is being typed, as Enter does.
+  void finishName();
 
   /// A click on a column's head sorts by it, by the type that the column declares.
   void setHeaderSorts(bool sorts);

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <QLabel>
+#include <QLineEdit>
+
+#include <limits>
 
 namespace kelmar {
 
@@ -13,6 +16,13 @@ template <class Widget> Widget* named(const char* name, QWidget* parent) {
   auto* widget = new Widget(parent);
   widget->setObjectName(QLatin1String(name));
   return widget;
+}
+
+/// A field for one line of text of any length, which takes over what an item has as a whole.
+inline QLineEdit* textField(const char* name, QWidget* parent) {
+  auto* field = named<QLineEdit>(name, parent);
+  field->setMaxLength(std::numeric_limits<int>::max());
+  return field;
 }
 
 /// The label in front of a control.

@@ -18,6 +18,9 @@ bool PageKeys::eventFilter(QObject* watched, QEvent* event) {
       key->ignore();
       return true;
     }
+  } else if (event->type() == QEvent::KeyPress) {
+    // The page has nothing to undo: what the field would bring back was validated or dropped.
+    if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) return true;
   }
   return QObject::eventFilter(watched, event);
 }

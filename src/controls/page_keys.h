@@ -9,7 +9,7 @@ class QWidget;
 namespace kelmar {
 
 /// Leaves Ctrl+Z and Ctrl+S, which a text field would take for itself, to the page that it stands
-/// on. The object belongs to the page.
+/// on, also while the page has nothing to undo. The object belongs to the page.
 class PageKeys : public QObject {
   Q_OBJECT
 

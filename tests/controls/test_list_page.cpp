@@ -39,7 +39,8 @@ class ThingPage : public ListPage {
   ListView* view;
   QLabel* info = new QLabel;
   QLineEdit* field = new QLineEdit;
-  bool takesOver = false;
+  CommandTable* table = nullptr;
+  bool takesOver = false, mayCancel = true;
   int shown = 0;
 
   ThingPage(platform::Person& person, Recorder& recorder)
@@ -58,17 +59,17 @@ class ThingPage : public ListPage {
     layout->addWidget(field);
     setObjectName("Things");
     useList(*view, *info);
-    auto* table = new CommandTable(this, [this] {
+    table = new CommandTable(this, [this] {
       std::vector<Command> commands = findCommands();
       commands.push_back({.key = "cancel",
                           .run = [this] { recorder_.note("cancel"); },
+                          .enabled = [this] { return mayCancel; },
                           .shortcuts = {QKeySequence("Ctrl+Z")}});
       commands.push_back({.key = "save",
                           .run = [this] { recorder_.note("save"); },
                           .shortcuts = {QKeySequence("Ctrl+S")}});
       return commands;
     }());
-    static_cast<void>(table);
     bindPageKeys();
     connect(field, &QLineEdit::textChanged, this, [this] { SetChanged(Edited); });
     useMenu("popup", [this] { return std::vector<MenuEntry>{{"goto", activeName()}}; },
@@ -216,6 +217,15 @@ TEST_F(ListPageTest, TheKeysOfThePageWorkInItsFields) {
   press(*page->field, Qt::Key_Z, Qt::ControlModifier);
   press(*page->field, Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(recorder.take(), (Events{"cancel", "save"}));
+}
+
+TEST_F(ListPageTest, AFieldUndoesNothingByItselfWhileThePageHasNothingToUndo) {
+  type(*page->field, "x");
+  const QString typed = page->field->text();
+  page->mayCancel = false;
+  page->table->refresh();
+  press(*page->field, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(page->field->text(), typed);
 }
 
 TEST_F(ListPageTest, FindAsksOnceAndIsRepeatedByItsKey) {

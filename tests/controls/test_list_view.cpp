@@ -1,14 +1,17 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/command_table.h"
 #include "controls/list_view.h"
 #include "support/user.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 #include <deque>
@@ -171,21 +174,32 @@ TEST_F(ListViewTest, ANameIsEditedInPlace) {
   EXPECT_EQ(names(), "a|New é|");
 }
 
-TEST_F(ListViewTest, ANameThatIsBeingTypedIsTakenOverBeforeThePageSaves) {
+TEST_F(ListViewTest, ANameThatIsBeingTypedIsTakenBeforeACommandRuns) {
   fill({{"a", "1"}, {"b", "2"}});
-  QAction save(&list);
-  save.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
-  save.setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  list.addAction(&save);
-  std::string saved;
-  QObject::connect(&save, &QAction::triggered, &list, [&] { saved = names(); });
-  list.editName(&items[1]);
-  auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-  ASSERT_TRUE(editor);
-  retype(*editor, "typed");
-  QTest::keyClick(editor, Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(saved, "a|typed|");
+  QWidget window;
+  std::string seen;
+  auto* table = new CommandTable(
+      &window, {{.key = "save", .run = [&] { seen = names(); },
+                 .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}}});
+  auto* bar = new QToolBar(&window);
+  table->fillToolBar(*bar, {"save"});
+  auto* layout = new QVBoxLayout(&window);
+  layout->addWidget(bar);
+  layout->addWidget(&list);
+  showToUser(window);
+  const auto typeName = [&](RowTag tag, const char* name) {
+    list.editName(tag);
+    retype(*QApplication::focusWidget(), name);
+  };
+  typeName(&items[1], "typed");
+  press(*QApplication::focusWidget(), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(seen, "a|typed|");
   EXPECT_EQ(QApplication::focusWidget(), &list);
+  typeName(&items[0], "again");
+  click(usable<QToolButton>(window, "save"));
+  EXPECT_EQ(seen, "again|typed|");
+  EXPECT_EQ(QApplication::focusWidget(), &list);
+  list.setParent(nullptr);
 }
 
 TEST_F(ListViewTest, ARefusedNameLeavesTheOldOne) {
