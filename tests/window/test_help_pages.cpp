@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The pages of the English help hold what the code asks for.
+// The pages of the help hold what the code asks for, in each language.
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string helpFolder = KELMAR_SITE "/doc/kelmar/en/";
+const std::string helpFolders[] = {KELMAR_SITE "/doc/kelmar/en/", KELMAR_SITE "/doc/kelmar/fr/"};
 
 struct HelpAddress {
   std::string module, function;
@@ -63,30 +63,52 @@ bool hasAnchor(const std::string& page, const std::string& anchor) {
   return page.find("id=\"" + anchor + "\"") != page.npos;
 }
 
+/// The names of the pages of a folder, and `page#anchor` for each place in them.
+std::set<std::string> placesIn(const std::string& folder) {
+  std::set<std::string> places;
+  static const std::regex anchor("id=\"([^\"]*)\"");
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    const std::string name = entry.path().filename().string();
+    const std::string page = support::bytesOf(entry.path().string());
+    places.insert(name);
+    for (auto at = std::sregex_iterator(page.begin(), page.end(), anchor);
+         at != std::sregex_iterator(); ++at)
+      places.insert(name + "#" + (*at)[1].str());
+  }
+  return places;
+}
+
 TEST(HelpPages, HaveEveryPageAndPlaceThatTheCodeAsksFor) {
   const std::set<HelpAddress> asked = askedByTheCode();
   EXPECT_TRUE(asked.contains({"data", ""}));
   EXPECT_TRUE(asked.contains({"data", "list"}));
   EXPECT_TRUE(asked.contains({"request", "data"}));
   EXPECT_TRUE(asked.contains({"selector", ""}));
-  for (const auto& [module, function] : asked) {
-    const std::string file = helpFolder + module + ".htm";
-    ASSERT_TRUE(fs::exists(file)) << file;
-    EXPECT_TRUE(function.empty() || hasAnchor(support::bytesOf(file), function))
-        << file << "#" << function;
-  }
+  for (const std::string& folder : helpFolders)
+    for (const auto& [module, function] : asked) {
+      const std::string file = folder + module + ".htm";
+      ASSERT_TRUE(fs::exists(file)) << file;
+      EXPECT_TRUE(function.empty() || hasAnchor(support::bytesOf(file), function))
+          << file << "#" << function;
+    }
+}
+
+TEST(HelpPages, AreTheSamePagesWithTheSamePlacesInEachLanguage) {
+  for (const std::string& folder : helpFolders)
+    EXPECT_EQ(placesIn(folder), placesIn(helpFolders[0])) << folder;
 }
 
 TEST(HelpPages, LinksBetweenThemLeadSomewhere) {
   static const std::regex link("href=\"([^\"#:]*)(#([^\"]*))?\"");
-  for (const auto& entry : fs::directory_iterator(helpFolder)) {
+  for (const auto& entry : fs::recursive_directory_iterator(KELMAR_SITE "/doc/kelmar")) {
+    if (entry.path().extension() != ".htm") continue;
     const std::string page = support::bytesOf(entry.path().string());
     for (auto at = std::sregex_iterator(page.begin(), page.end(), link); at != std::sregex_iterator();
          ++at) {
       const std::string target = (*at)[1], anchor = (*at)[3];
-      const std::string file = target.empty() ? entry.path().string() : helpFolder + target;
+      const fs::path file = target.empty() ? entry.path() : entry.path().parent_path() / target;
       ASSERT_TRUE(fs::exists(file)) << entry.path() << ": " << at->str();
-      EXPECT_TRUE(anchor.empty() || hasAnchor(support::bytesOf(file), anchor))
+      EXPECT_TRUE(anchor.empty() || hasAnchor(support::bytesOf(file.string()), anchor))
           << entry.path() << ": " << at->str();
     }
   }
