@@ -3,6 +3,7 @@
 #include "editors/uce_data_list.h"
 
 #include "base/conversions.h"
+#include "controls/named.h"
 #include "desktop/clipboard.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
@@ -75,12 +76,11 @@ void UceDataList::makeControls() {
   ValRange->setDiscrete(true);
   ValRange->setDiscreteInterval(1);
   setRange(0, true);
-  ValText = new QLineEdit(this);
-  ValText->setObjectName(QStringLiteral("ValText"));
-  Infos = new QPushButton(QStringLiteral("Value specific documentation ..."), this);
-  Infos->setObjectName(QStringLiteral("Infos"));
+  ValText = textField("ValText", this);
   CBaddNew = new QPushButton(QStringLiteral("Add"), this);
   CBaddNew->setObjectName(QStringLiteral("CBaddNew"));
+  Infos = new QPushButton(QStringLiteral("Value specific documentation ..."), this);
+  Infos->setObjectName(QStringLiteral("Infos"));
 
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -189,12 +189,7 @@ void UceDataList::fillRows(ValueRow* current) {
 }
 
 void UceDataList::SaveDataItems() {
-  if (!data_) return;
-  try {
-    values_.SaveDataItems(*data_);
-  } catch (const Failure& failure) {
-    ShowErrorBox(person_, language::global(), failure);
-  }
+  if (data_) values_.SaveDataItems(*data_);
 }
 
 bool UceDataList::hasTyping() const {
@@ -264,7 +259,7 @@ void UceDataList::showRow(ValueRow* row) {
 }
 
 void UceDataList::fieldChanged() {
-  if (loading_ || itemChanged_) return;
+  if (loading_) return;
   itemChanged_ = true;
   refresh();
 }
@@ -274,6 +269,7 @@ void UceDataList::refresh() {
   commands_->refresh();
   CBaddNew->setEnabled(valueListControls(state()).CBaddNew);
   Infos->setEnabled(data_ != nullptr);
+  emit typingMoved();
 }
 
 bool UceDataList::changeItem() {
@@ -318,14 +314,15 @@ void UceDataList::cut() {
   // What stands in the fields of a row that goes is asked about with the row.
   const bool typingGoes = shown_ && std::find(rows.begin(), rows.end(), shown_) != rows.end();
   if (!typingGoes && !finishTyping()) return;
+  // What cannot be copied is told, and can be deleted all the same.
+  std::string text;
   try {
-    const std::string text = copyValues(rows);
-    if (!values_.cut(rows, person_)) return;
-    desktop::setClipboardText(text);
+    text = copyValues(rows);
   } catch (const Failure& failure) {
     ShowErrorBox(person_, language::global(), failure);
-    return;
   }
+  if (!values_.cut(rows, person_)) return;
+  if (!text.empty()) desktop::setClipboardText(text);
   fillRows(nullptr);
   tellChange();
 }

@@ -31,8 +31,7 @@ class UceDataList : public QWidget {
   /// a signed or an unsigned number, any 32-bit number for a size that is none. Values that the
   /// list has already stay.
   void setRange(int numberBits, bool isSigned);
-  /// The rows as they are now become the value list of the data. A value or label that a file
-  /// brought twice is kept once, and a box says so.
+  /// The rows as they are now become the value list of the data.
   void SaveDataItems();
   /// What was typed is neither in a row yet nor dropped.
   bool hasTyping() const;
@@ -48,6 +47,8 @@ class UceDataList : public QWidget {
 
  signals:
   void listChanged();
+  /// What hasTyping gives may be another.
+  void typingMoved();
   /// Text was copied; `broken` when it does not read back as it is.
   void textCopied(bool broken);
   /// The help of the value list is asked for.

@@ -154,6 +154,7 @@ void UceDatas::stateMoved() {
 bool UceDatas::hasPendingEdits() const { return edits().changed() || parts_->typesValue(); }
 
 bool UceDatas::TestAndConfirmChange() {
+  list().finishName();
   // A value that is taken over marks the page.
   if (parts_->typesValue()) parts_->UceDataList1->TestAndConfirmChange();
   if (!edits().changed()) return false;
@@ -243,6 +244,11 @@ void UceDatas::Parts::typeChosen(DataType type) {
 
 void UceDatas::Parts::edited() { page.SetChanged(Edited); }
 
+void UceDatas::Parts::stillEdited() {
+  page.announceApplied();
+  edited();
+}
+
 void UceDatas::Parts::colourFields() {
   const QPalette shown = page.palette();
   const QColor red = readableOn(shown, shownColour(faultRed, shown));
@@ -297,9 +303,14 @@ bool UceDatas::Parts::takeOver() {
 
 void UceDatas::Parts::validate(bool toFile) {
   if (!data() || (typesValue() && !UceDataList1->finishTyping())) return;
+  const DataFields before = fieldsOf(*data());
   const bool applied = takeOver();
   page.refreshActiveRow();
-  if (!applied) return;
+  if (!applied) {
+    // The fields before the refused one are in the data, those behind it are still to come.
+    if (fieldsOf(*data()) != before) stillEdited();
+    return;
+  }
   emit page.OnSave(toFile);
   page.edits().clear();
   labCoefC->setVisible(divisorIsZero(*data()));
@@ -312,9 +323,9 @@ void UceDatas::Parts::showAgain() {
 }
 
 void UceDatas::Parts::cancel() {
-  if (!data()) return;
   showAgain();
-  emit page.OnCancel();
+  // A value that was typed and not taken is no modification of the file yet.
+  if (page.edits().changed()) emit page.OnCancel();
   page.edits().clear();
   page.stateMoved();
 }
@@ -329,9 +340,10 @@ bool UceDatas::Parts::rename(DataItem& item, const std::string& text) {
   }
   page.rememberName(text);
   FrameInfos->setTitle(qs(replaceAll(text, "&", "&&")));
-  const bool pending = page.edits().changed();
-  page.announceApplied();
-  if (pending) edited(); // what stands in the fields is still to be taken over
+  if (page.edits().changed())
+    stillEdited();
+  else
+    page.announceApplied();
   return true;
 }
 

@@ -30,7 +30,8 @@ void UceDatas::Parts::makeCommands() {
   const auto some = [this] { return listDatas->selectionModel()->hasSelection(); };
   std::vector<Command> all = page.findCommands();
   all.push_back({.key = "cancel", .toolTip = "Cancel changes (Ctrl Z)", .icon = "cancel",
-                 .run = [this] { cancel(); }, .enabled = one,
+                 .run = [this] { cancel(); },
+                 .enabled = [this] { return page.hasPendingEdits(); },
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}});
   all.push_back({.key = "valid", .toolTip = "Valid changes", .icon = "valid",
                  .run = [this] { validate(false); }, .enabled = one});
@@ -154,11 +155,13 @@ void UceDatas::Parts::cut() {
     const std::vector<DataItem*> items = selected();
     if (items.empty()) return;
     const int row = listDatas->rows().rowOf(items.front());
-    const std::string text = copyDatas(items);
+    // What cannot be copied is told, and can be deleted all the same.
+    std::string text;
+    page.guarded([&] { text = copyDatas(items); });
     // Between two answers the list and the fields still show data that are deleted.
     const std::vector<DataItems::Pointer> alive = target()->datas()->members();
     if (!CutData(*target(), items, page.person())) return;
-    desktop::setClipboardText(text);
+    if (!text.empty()) desktop::setClipboardText(text);
     // What was typed for a data that is gone goes with it.
     if (page.hasPendingEdits() && target()->datas()->indexOf(data()) > 0)
       page.TestAndConfirmChange();
@@ -242,7 +245,7 @@ void UceDatas::Parts::showFiche() {
   if (dialog.exec() != QDialog::Accepted || dialog.text() == item->Fiche) return;
   // Saved by its own dialog: the key Cancel of the page brings back the fields, not this.
   item->Fiche = dialog.text();
-  edited();
+  stillEdited();
 }
 
 } // namespace kelmar

@@ -102,8 +102,8 @@ void UceDatas::Parts::makeControls() {
   auto* fields = new QVBoxLayout(FrameInfos);
   auto* common = new QFormLayout;
   fields->addLayout(common);
-  TextMnemo = named<QLineEdit>("TextMnemo", FrameInfos);
-  TextDescription = named<QLineEdit>("TextDescription", FrameInfos);
+  TextMnemo = textField("TextMnemo", FrameInfos);
+  TextDescription = textField("TextDescription", FrameInfos);
   addField(*common, "labMnemo", "Mnemo", TextMnemo);
   addField(*common, "labDescription", "Description", TextDescription);
   DataDiagFiche = button<QPushButton>("DataDiagFiche", "Data documentation ...", FrameInfos);
@@ -141,7 +141,7 @@ QWidget* UceDatas::Parts::makeNumericForm() {
   CheckSigne = button<QCheckBox>("CheckSigne", "Signed", frame);
   form->addRow(CheckSigne);
   auto* unit = new QHBoxLayout;
-  TextUnite = named<QLineEdit>("TextUnite", frame);
+  TextUnite = textField("TextUnite", frame);
   cmdSelectUnit = button<QPushButton>("cmdSelectUnit", "Select normalized unit", frame);
   unit->addWidget(TextUnite, 1);
   unit->addWidget(cmdSelectUnit);
@@ -153,7 +153,7 @@ QWidget* UceDatas::Parts::makeNumericForm() {
   labCoefC = named<QLabel>("labCoefC", frame);
   labCoefC->setText(QStringLiteral("C must be different from 0"));
   form->addRow(labCoefC);
-  TextFormat = named<QLineEdit>("TextFormat", frame);
+  TextFormat = textField("TextFormat", frame);
   addField(*form, "labFormat", "Format", TextFormat);
   auto* hint = named<QLabel>("labFormatHint", frame);
   hint->setText(QStringLiteral("Use format 'bin' to display data in binary"));
@@ -189,7 +189,7 @@ QWidget* UceDatas::Parts::makeCoefficients(QWidget* parent) {
   columns->addLayout(figures, 1);
   const auto figure = [&](QLineEdit*& field, const char* name, const char* label,
                           const char* caption) {
-    field = named<QLineEdit>(name, box);
+    field = textField(name, box);
     addField(*figures, label, caption, field);
   };
   figure(TextCoeffA, "TextCoeffA", "labCoeffA", "A");
@@ -258,6 +258,7 @@ void UceDatas::Parts::connectControls() {
   connect(OPtype, &QButtonGroup::idClicked, &page,
           [this](int type) { typeChosen(static_cast<DataType>(type)); });
   connect(UceDataList1, &UceDataList::listChanged, &page, [this] { edited(); });
+  connect(UceDataList1, &UceDataList::typingMoved, &page, [this] { page.stateMoved(); });
   connect(UceDataList1, &UceDataList::textCopied, &page,
           [this](bool broken) { textCopied(broken); });
   connect(UceDataList1, &UceDataList::help, &page, [this] { emit page.help("data", "list"); });

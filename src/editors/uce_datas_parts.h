@@ -56,6 +56,8 @@ struct UceDatas::Parts {
   void showForm(DataType type);
   void typeChosen(DataType type);
   void edited();
+  /// Something reached the data while what stands in the fields is still to be taken over.
+  void stillEdited();
   void coefficientEdited(QLineEdit& field);
   void numberEdited(const ZEMnumeric& field, double inItem);
   /// The values of the list follow the size that stands in the fields.

@@ -80,6 +80,12 @@ class UceDataListControl : public testing::Test {
     return text;
   }
   std::string fields() { return u8(valueText().text()) + "=" + u8(label().text()); }
+  /// What it told since the last time, but for the coming and going of what is being typed.
+  Events told() {
+    Events events = recorder.take();
+    std::erase(events, "UceDataList1.typingMoved()");
+    return events;
+  }
   void choose(const char* entry) {
     emit list().customContextMenuRequested(QPoint(5, 5));
     auto* menu = list().findChild<QMenu*>("PopupRange");
@@ -97,6 +103,11 @@ class UceDataListControl : public testing::Test {
   void expectConfirmation(Answer answer) {
     person.expect("DATALIST/MSG/TestAndConfirmChange/text", "Confirm",
                   "Item has been modified. Save change ?", Buttons::YesNo, Icon::Question, answer);
+  }
+  void expectNotWritten() {
+    person.expect("GENERIC/error/text", "Error",
+                  "Error # 1\r\nItem 'a\x01': the character U+0001 cannot be written in XML",
+                  Buttons::Ok, Icon::Critical, Answer::Ok);
   }
   void expectCut(Answer answer) {
     person.expect("DATALIST/MSG/CutRange/text", "Confirm delete",
@@ -130,7 +141,7 @@ TEST_F(UceDataListControl, AddAppendsARowAndEmptiesTheFields) {
   click(addButton());
   EXPECT_EQ(rows(), "0=Off;1=On;3=Error;7=Seven;");
   EXPECT_EQ(fields(), "0=");
-  EXPECT_EQ(recorder.take(), Events{"UceDataList1.listChanged()"});
+  EXPECT_EQ(told(), Events{"UceDataList1.listChanged()"});
   EXPECT_EQ(data.DataListes->Count(), 3) << "the data gets it only by SaveDataItems";
   values->SaveDataItems();
   EXPECT_EQ(data.DataListes->ItemValue(7)->libelle, "Seven");
@@ -167,7 +178,7 @@ TEST_F(UceDataListControl, ARowFillsTheFieldsAndCannotBeAddedUntilTheyChange) {
   key("cancel");
   EXPECT_EQ(fields(), "1=On");
   EXPECT_FALSE(isUsable("save"));
-  EXPECT_EQ(recorder.take(), Events{});
+  EXPECT_EQ(told(), Events{});
 }
 
 TEST_F(UceDataListControl, SaveChangesTheRow) {
@@ -175,7 +186,7 @@ TEST_F(UceDataListControl, SaveChangesTheRow) {
   enter("2", "Running");
   key("save");
   EXPECT_EQ(rows(), "0=Off;2=Running;3=Error;");
-  EXPECT_EQ(recorder.take(), Events{"UceDataList1.listChanged()"});
+  EXPECT_EQ(told(), Events{"UceDataList1.listChanged()"});
   retype(label(), "Running on");
   press(label(), Qt::Key_Return);
   EXPECT_EQ(rows(), "0=Off;2=Running on;3=Error;");
@@ -198,6 +209,69 @@ TEST_F(UceDataListControl, AChangeToWhatAnotherRowHasIsRefused) {
                    "Empty label not allowed. Enter a string");
   key("save");
   EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+}
+
+TEST_F(UceDataListControl, ANegativeValueIsShownAsItIsAlsoAfterHexadecimalOnes) {
+  data.DataListes->Add(-1, "Invalid", "");
+  values->setRange(8, true);
+  values->setData(&data);
+  clickRow(list(), 1);
+  type(valueText(), "h");
+  clickRow(list(), 2);
+  EXPECT_EQ(fields(), "-1=Invalid");
+  retype(label(), "Not valid");
+  key("save");
+  EXPECT_EQ(rows(), "0=Off;1=On;-1=Not valid;3=Error;");
+}
+
+TEST_F(UceDataListControl, WhatIsBeingTypedIsToldWhenItComesAndGoes) {
+  const auto moved = [this](bool typing) {
+    const Events events = recorder.take();
+    EXPECT_TRUE(std::find(events.begin(), events.end(), "UceDataList1.typingMoved()") !=
+                events.end());
+    EXPECT_EQ(values->hasTyping(), typing);
+  };
+  retype(valueText(), "9");
+  moved(false);
+  type(label(), "N");
+  moved(true);
+  key("cancel");
+  moved(false);
+}
+
+TEST_F(UceDataListControl, AddIsTheNextStopOfTheTabulatorBehindTheLabel) {
+  enter("9", "Nine");
+  press(label(), Qt::Key_Tab);
+  EXPECT_TRUE(addButton().hasFocus());
+  press(addButton(), Qt::Key_Tab);
+  EXPECT_TRUE(control<QPushButton>(*values, "Infos").hasFocus());
+}
+
+TEST_F(UceDataListControl, ALabelOfAnyLengthComesBackWhole) {
+  const std::string longLabel(40000, 'x');
+  data.DataListes->Add(9, longLabel, "");
+  values->setData(&data);
+  clickRow(list(), 3);
+  retype(valueText(), "10");
+  key("save");
+  values->SaveDataItems();
+  EXPECT_EQ(data.DataListes->ItemValue(10)->libelle, longLabel);
+}
+
+TEST_F(UceDataListControl, WhatCannotBeCopiedIsToldAndCanBeDeleted) {
+  desktop::setClipboardText("mine");
+  data.DataListes->Add(9, "a\x01", "");
+  values->setData(&data);
+  clickRow(list(), 3);
+  expectNotWritten();
+  expectCut(Answer::No);
+  key("cut");
+  EXPECT_EQ(list().rows().rowCount(), 4);
+  expectNotWritten();
+  expectCut(Answer::Yes);
+  key("cut");
+  EXPECT_EQ(rows(), "0=Off;1=On;3=Error;");
+  EXPECT_EQ(desktop::clipboardText(), "mine");
 }
 
 TEST_F(UceDataListControl, AnotherRowAsksAboutAChangedOne) {
@@ -344,14 +418,14 @@ TEST_F(UceDataListControl, CopiedTextHasAValueAndALabelInEachLine) {
   press(list(), Qt::Key_A, Qt::ControlModifier);
   choose("PopupRCopyText");
   EXPECT_EQ(desktop::clipboardText(), "0\tOff\r\n1\tOn\r\n3\tError\r\n");
-  EXPECT_EQ(recorder.take(), Events{"UceDataList1.textCopied(false)"});
+  EXPECT_EQ(told(), Events{"UceDataList1.textCopied(false)"});
 }
 
 TEST_F(UceDataListControl, PastedTextMayBeHexadecimal) {
   desktop::setClipboardText("$1A\tLabel\nnone\tBad\n");
   choose("PopupRpaste");
   EXPECT_EQ(rows(), "0=Off;1=On;3=Error;26=Label;");
-  EXPECT_EQ(recorder.take(), Events{"UceDataList1.listChanged()"});
+  EXPECT_EQ(told(), Events{"UceDataList1.listChanged()"});
 }
 
 TEST_F(UceDataListControl, APasteThatMeetsValueAndLabelInTwoRowsLeavesBoth) {
@@ -396,10 +470,10 @@ TEST_F(UceDataListControl, NormalizingCleansTheLabelsOfTheSelectedRows) {
                 "replace multi-space by a single one.\r\nDo you want to normalize selected data "
                 "name ?",
                 Buttons::YesNo, Icon::Question, Answer::Yes);
-  recorder.take();
+  told();
   choose("PopupRNormalize");
   EXPECT_EQ(rows(), "0=Off;1=On;3=Error;8=A b;");
-  EXPECT_EQ(recorder.take().back(), "UceDataList1.listChanged()");
+  EXPECT_EQ(told().back(), "UceDataList1.listChanged()");
 }
 
 TEST_F(UceDataListControl, ValuesThatCanBeTypedFollowTheSizeOfTheData) {
@@ -471,7 +545,7 @@ TEST_F(UceDataListControl, WithoutDataNothingCanBeDone) {
 
 TEST_F(UceDataListControl, HelpOfTheMenuAsksForTheListsOwn) {
   choose("PopupRhelp");
-  EXPECT_EQ(recorder.take(), Events{"UceDataList1.help()"});
+  EXPECT_EQ(told(), Events{"UceDataList1.help()"});
 }
 
 } // namespace

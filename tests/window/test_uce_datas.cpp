@@ -41,6 +41,52 @@ TEST_F(UceDatasPage, CancelShowsTheDataAgain) {
   EXPECT_EQ(recorder.take(), (Events{"UceDatas1.OnChange()", "UceDatas1.OnCancel()"}));
 }
 
+TEST_F(UceDatasPage, CancelIsThereOnlyWhileSomethingIsPending) {
+  EXPECT_FALSE(isUsable("cancel"));
+  type(field("TextMnemo"), "M");
+  EXPECT_TRUE(isUsable("cancel"));
+  key("valid");
+  EXPECT_FALSE(isUsable("cancel"));
+  recorder.take();
+  press(field("TextMnemo"), Qt::Key_Z, Qt::ControlModifier);
+  press(list(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(field("TextMnemo").text(), "M") << "what was validated is not undone by the field";
+  EXPECT_EQ(recorder.take(), Events{});
+}
+
+TEST_F(UceDatasPage, CancelDropsAValueThatIsBeingTypedAndTellsNothing) {
+  page->setEditDataName("State");
+  recorder.take();
+  auto& label = control<QLineEdit>(values(), "ValText");
+  type(label, "Five");
+  EXPECT_TRUE(isUsable("cancel"));
+  press(label, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(label.text(), "");
+  EXPECT_FALSE(isUsable("cancel"));
+  EXPECT_EQ(recorder.take(), Events{}) << "the file was not modified by it";
+}
+
+TEST_F(UceDatasPage, TextsOfAnyLengthComeBackWhole) {
+  const std::string text(40000, 'x');
+  the("Level").Mnemo = the("Level").Unite = the("Level").DataFormat = text;
+  the("Level").Description = text;
+  showAgain();
+  press(usable<QCheckBox>(*page, "CheckSigne"), Qt::Key_Space);
+  key("valid");
+  for (const std::string& kept : {the("Level").Mnemo, the("Level").Unite, the("Level").DataFormat,
+                                  the("Level").Description})
+    EXPECT_EQ(kept.size(), text.size());
+}
+
+TEST_F(UceDatasPage, ACoefficientOutOfSightDoesNotStopTheValidation) {
+  retype(field("TextCoeffA"), "two");
+  click(usable<QRadioButton>(*page, "OPtypeNotNumeric"));
+  key("valid");
+  EXPECT_FALSE(the("Level").numerique);
+  EXPECT_EQ(the("Level").CoeffA.value(), 1);
+  EXPECT_EQ(recorder.take().back(), "UceDatas1.OnSave(false)");
+}
+
 TEST_F(UceDatasPage, ADivisorOfZeroStopsTheValidationAndStaysMarked) {
   type(field("TextMnemo"), "M");
   retype(field("TextCoeffC"), "0");
@@ -48,8 +94,13 @@ TEST_F(UceDatasPage, ADivisorOfZeroStopsTheValidationAndStaysMarked) {
   expectZeroDivisor();
   key("valid");
   EXPECT_EQ(the("Level").Mnemo, "M");
-  EXPECT_EQ(recorder.take(),
-            Events{"box Check value: The value of C Coefficient must be different from Zero"});
+  const std::string told =
+      "box Check value: The value of C Coefficient must be different from Zero";
+  EXPECT_EQ(recorder.take(), (Events{told, "UceDatas1.OnSave(false)", "UceDatas1.OnChange()"}))
+      << "what came before it is in the data, the rest is still to come";
+  expectZeroDivisor();
+  key("valid");
+  EXPECT_EQ(recorder.take(), Events{told}) << "nothing new reached the data";
   expectConfirmation(Answer::No);
   EXPECT_FALSE(page->TestAndConfirmChange());
 }
@@ -481,7 +532,8 @@ TEST_F(UceDatasPage, ChangedDocumentationMarksThePage) {
   });
   click(usable<QPushButton>(*page, "DataDiagFiche"));
   EXPECT_EQ(the("Level").Fiche, "new");
-  EXPECT_EQ(recorder.take(), Events{"UceDatas1.OnChange()"});
+  EXPECT_EQ(recorder.take(), (Events{"UceDatas1.OnSave(false)", "UceDatas1.OnChange()"}))
+      << "it is in the data, whatever becomes of the fields";
 }
 
 TEST_F(UceDatasPage, DocumentationThatStaysTheSameChangesNothing) {

@@ -125,6 +125,25 @@ TEST_F(UceDatasPage, InTheModeAllUnusedAUsedDataStillAsks) {
   EXPECT_TRUE(desktop::clipboardText().starts_with("<Datas>"));
 }
 
+TEST_F(UceDatasPage, WhatCannotBeCopiedIsToldAndCanBeDeleted) {
+  desktop::setClipboardText("mine");
+  the("Level").Mnemo = "a\x01";
+  const auto expectNotWritten = [this] {
+    person.expect("GENERIC/error/text", "Error",
+                  "Error # 1\r\nData 'Level': the character U+0001 cannot be written in XML",
+                  Buttons::Ok, Icon::Critical, Answer::Ok);
+  };
+  expectNotWritten();
+  expectDeletion("Level", Answer::Cancel);
+  key("cut");
+  EXPECT_TRUE(has("Level"));
+  expectNotWritten();
+  expectDeletion("Level", Answer::Yes);
+  key("cut");
+  EXPECT_FALSE(has("Level"));
+  EXPECT_EQ(desktop::clipboardText(), "mine");
+}
+
 TEST_F(UceDatasPage, ACancelledDeletionLeavesListAndClipboardAlone) {
   desktop::setClipboardText("mine");
   expectDeletion("Level", Answer::Cancel);

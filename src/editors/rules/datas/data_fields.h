@@ -46,9 +46,9 @@ bool coefficientDiffers(std::string_view text, const Coefficient& coefficient);
 bool divisorIsZero(const DataItem& data);
 
 /// Copies the fields into the data, in their fixed order; the value list is not among them. False
-/// when C is 0: a box has said so, and what stands behind CoeffB in the order is not copied. Raises
-/// Failure, whose source is the name of the field, for the first coefficient that is no number; it
-/// alone is not copied.
+/// when C is 0: a box has said so, and what stands behind CoeffB in the order is not copied. A
+/// coefficient that is no number is not copied; for the first one of a numeric data Failure is
+/// raised, whose source is the name of the field.
 bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Person& person);
 
 } // namespace kelmar

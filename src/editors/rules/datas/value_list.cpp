@@ -4,14 +4,12 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
-#include "database/data_liste_items_bulk.h"
 #include "language/multi_lang.h"
 
-#include <algorithm>
-#include <optional>
 #include <set>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace kelmar {
 
@@ -25,16 +23,14 @@ bool refuse(platform::Person& person, const char* key, std::string title, std::s
   return false;
 }
 
-// The box of both refusals goes by the key of the value, on purpose.
+// Both refusals go by the key of the value, on purpose.
 bool refuseAddition(platform::Person& person, bool sameValue, std::int32_t value,
                     std::string_view label) {
   constexpr char existsKey[] = "DATALIST/MSG/CBaddNew_Click/valueAlreadyExistsError/text";
   const std::string text =
       sameValue ? texts().getMultilangMessageDefault("Value {0} already exists.", existsKey,
                                                      std::to_string(value))
-                : texts().getMultilangMessageDefault(
-                      "Label {0} already exists.",
-                      "DATALIST/MSG/CBaddNew_Click/labelAlreadyExistsError/text", label);
+                : texts().getMultilangMessageDefault("Label {0} already exists.", existsKey, label);
   return refuse(person, existsKey,
                 texts().getMultilangMessageDefault("Input error",
                                                    "DATALIST/MSG/CBaddNew_Click/title"),
@@ -81,10 +77,13 @@ void ValueList::SaveDataItems(DataItem& data) const {
     item->Info = row->info;
     item->parent = &data;
     items.push_back(std::move(item));
+    // A row goes before the last one of a greater value. In a list that began empty the greatest
+    // value is always the last one.
+    if (const auto last = items.rbegin(); items.size() > 1 && last[0]->Valeur < last[1]->Valeur)
+      std::swap(last[0], last[1]);
   }
-  std::optional<Failure> refused;
-  data.DataListes = sortedListOf(items, refused);
-  if (refused) throw Failure(*refused);
+  data.DataListes = std::make_shared<DataListeItems>();
+  data.DataListes->AddAll(std::move(items));
 }
 
 ValueRow* ValueList::add(std::int32_t value, std::string_view label, std::string_view info,
@@ -110,20 +109,19 @@ ValueRow* ValueList::add(std::int32_t value, std::string_view label, std::string
 
 bool ValueList::changeItem(ValueRow& row, std::int32_t value, std::string_view label,
                            std::string_view info, platform::Person& person) {
-  const std::string_view trimmed = trimBlanks(label);
   constexpr char emptyChangeKey[] = "DATALIST/MSG/changeItem/emptyStringError/text";
-  if (trimmed.empty())
+  if (label.empty())
     return refuse(
         person, emptyChangeKey,
         texts().getMultilangMessageDefault("Input error", "DATALIST/MSG/changeItem/title"),
         texts().getMultilangMessageDefault("Empty label not allowed. Enter a string",
                                            emptyChangeKey));
   for (const auto& other : rows_) {
-    if (other.get() == &row || (other->value != value && other->label != trimmed)) continue;
-    return refuseChange(person, other->value == value, value, trimmed, *other);
+    if (other.get() == &row || (other->value != value && other->label != label)) continue;
+    return refuseChange(person, other->value == value, value, label, *other);
   }
   row.value = value;
-  row.label = trimmed;
+  row.label = label;
   row.info = info;
   return true;
 }

@@ -29,8 +29,8 @@ class ValueList {
   bool bound() const { return bound_; }
   const std::vector<std::unique_ptr<ValueRow>>& rows() const { return rows_; }
 
-  /// Rebuilds the value list of the data from the rows. A value or label that stands twice, which
-  /// only a file can bring, is kept once; the first refusal is then raised at the end.
+  /// Rebuilds the value list of the data from the rows, each at its roughly ordered place by value.
+  /// What stands twice, which only a file can bring, stays twice.
   void SaveDataItems(DataItem& data) const;
 
   // What a person does. Those that give true have changed the list.
