@@ -73,7 +73,11 @@ void UceAutoIdents::makeControls() {
   connect(LVident, &QAbstractItemView::clicked, this, [this] {
     if (active()) showRow(); // the row that is shown already, too
   });
-  connect(LVident, &ListView::selectionMoved, this, [this] { refresh(); });
+  connect(LVident, &ListView::selectionMoved, this, [this] {
+    // A press and the keys move to a row before they select it.
+    if (active() && active() != shownItem_) showRow();
+    refresh();
+  });
   LVident->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(LVident, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
     popUpMenu(*LVident, QStringLiteral("PopupAi"), LVident->viewport()->mapToGlobal(where),
@@ -212,7 +216,8 @@ void UceAutoIdents::fillList(RowTag chosen) {
 }
 
 void UceAutoIdents::showRow() {
-  const AutoIdentEntry entry = active() ? entryOf(*active()) : AutoIdentEntry{};
+  shownItem_ = active();
+  const AutoIdentEntry entry = shownItem_ ? entryOf(*shownItem_) : AutoIdentEntry{};
   // A number of a file may lie outside what can be typed; it is shown as it is.
   ValIndiceDiag->setRangeChecking(false);
   ValIndiceDiag->setvalue(entry.ValIndiceDiag);

@@ -98,6 +98,7 @@ class UceAutoIdents : public QWidget {
   OmnikorLibXml* database_ = nullptr;
   std::shared_ptr<AutoIdentItems> items_; ///< the copy
   AutoIdentEntry shown_; ///< what was put into the entry fields
+  const AutoIdentItem* shownItem_ = nullptr; ///< from which row; null: from none
   std::int32_t protocol_ = 0;
   QToolBar* TBident = nullptr;
   ShownField *txtDatabase = nullptr, *txdHref = nullptr;

@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 #include <gtest/gtest.h>
@@ -113,6 +114,34 @@ TEST_F(UceAutoIdentsPage, ARowClickFillsTheEntry) {
   clickRow(list(), 1);
   EXPECT_EQ(entry(), "10 ABC 0001 0002");
   EXPECT_EQ(recorder.take(), Events{});
+}
+
+TEST_F(UceAutoIdentsPage, ARightClickFillsTheEntry) {
+  clickRow(list(), 1, 0, {}, Qt::RightButton);
+  EXPECT_EQ(entry(), "10 ABC 0001 0002");
+  key("save");
+  EXPECT_EQ(stored(), "4 OKN 0A12 0100\n10 ABC 0001 0002\n");
+}
+
+TEST_F(UceAutoIdentsPage, APressThatEndsElsewhereFillsTheEntry) {
+  const QPoint row = list().visualRect(list().model()->index(1, 0)).center();
+  QWidget* area = list().viewport();
+  QTest::mousePress(area, Qt::LeftButton, {}, row);
+  QTest::mouseRelease(area, Qt::LeftButton, {}, area->rect().bottomLeft());
+  EXPECT_EQ(entry(), "10 ABC 0001 0002");
+}
+
+TEST_F(UceAutoIdentsPage, ARowThatTheKeysSelectFillsTheEntry) {
+  press(list(), Qt::Key_Down, Qt::ControlModifier);
+  press(list(), Qt::Key_Space, Qt::ControlModifier);
+  ASSERT_EQ(list().selectedTags().size(), 2u);
+  EXPECT_EQ(entry(), "10 ABC 0001 0002");
+}
+
+TEST_F(UceAutoIdentsPage, ARightClickOnTheShownRowLeavesWhatIsTyped) {
+  retype(field("ValCodeFour"), "typed");
+  clickRow(list(), 0, 0, {}, Qt::RightButton);
+  EXPECT_EQ(entry(), "4 typed 0A12 0100");
 }
 
 TEST_F(UceAutoIdentsPage, AClickOnTheSameRowFillsTheEntryAgain) {
