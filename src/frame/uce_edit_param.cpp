@@ -6,6 +6,7 @@
 #include "desktop/document_text.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
+#include "frame/official_date_field.h"
 #include "frame/rules/communication_protocol.h"
 #include "frame/rules/key_bytes.h"
 #include "frame/uce_edit_param_parts.h"
@@ -16,7 +17,6 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QFocusEvent>
 #include <QGroupBox>
 #include <QPlainTextEdit>
@@ -37,7 +37,15 @@ constexpr EditState::Kinds fieldsChanged = 1, identsChanged = 2;
 
 void select(QComboBox& list, const std::string& text) { list.setCurrentIndex(list.findText(qs(text))); }
 
+/// A text that only a file can bring is an entry for as long as that ECU is shown.
+void select(QComboBox& list, const std::vector<std::string>& entries, const std::string& text) {
+  while (list.count() > static_cast<int>(entries.size())) list.removeItem(list.count() - 1);
+  if (list.findText(qs(text)) < 0) list.addItem(qs(text));
+  select(list, text);
+}
+
 void setText(QLineEdit& field, const std::string& text) {
+  if (field.text() == qs(text)) return; // the cursor stays where a person has put it
   field.setText(qs(text));
   field.setCursorPosition(0);
 }
@@ -98,11 +106,9 @@ void UceEditParam::GetDataFromScreen() {
   Parts& parts = *parts_;
   if (!parts.target()) return;
   const EditState::Loading loading = parts.edits.load();
-  EditParamFields fields = parts.readControls();
-  applyFields(fields, *parts.database);
+  applyFields(parts.readControls(), *parts.database);
   parts.UceAutoIdents1->GetDataFromScreen();
-  setText(*parts.txIPAddress, fields.txIPAddress);
-  setText(*parts.txMACAddress, fields.txMACAddress);
+  if (const auto stored = fieldsOf(*parts.database)) parts.showConverted(*stored);
 }
 
 bool UceEditParam::TestAndConfirmChange() {
@@ -146,13 +152,10 @@ bool UceEditParam::eventFilter(QObject* watched, QEvent* event) {
   }
   if (event->type() == QEvent::FocusOut) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    auto* field = qobject_cast<QLineEdit*>(watched);
-    if (field && reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+    const Parts::Number* number = parts_->numberOf(watched);
+    if (number && reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
       // A box cannot stand within a change of focus.
-      QTimer::singleShot(0, field, [this, field] {
-        if (field->isVisible() && !field->hasFocus() && parts_->numberIsBad(*field))
-          parts_->tellInvalid(*field);
-      });
+      QTimer::singleShot(0, this, [this, number] { parts_->checkLeftNumber(*number); });
   }
   return Page::eventFilter(watched, event);
 }
@@ -209,6 +212,7 @@ void UceEditParam::Parts::connectControls() {
     connect(numbers[i].box, &QCheckBox::toggled, &page,
             [this, i](bool checked) { numberBoxToggled(i, checked); });
     connect(numbers[i].field, &QLineEdit::textChanged, &page, change);
+    numbers[i].box->installEventFilter(&page);
     numbers[i].field->installEventFilter(&page);
   }
   for (QWidget* field : std::initializer_list<QWidget*>{ComboTypeCom, ComboTypePanne, ComboBaudRate,
@@ -250,24 +254,17 @@ void UceEditParam::Parts::showControls(const EditParamFields& fields) {
   shown = fields;
   setText(*txtEmail, fields.txtEmail);
   Comment->setPlainText(qs(fields.Comment));
-  setText(*KW1, fields.KW1);
-  setText(*KW2, fields.KW2);
-  refreshFakra();
   ComboTypeCom->setCurrentIndex(fields.ComboTypeCom - 1);
   select(*ComboBaudRate, fields.ComboBaudRate);
-  select(*ComboMaxDataLangthCANFD, fields.ComboMaxDataLangthCANFD);
-  for (std::size_t i = 0; i < parameterNumberCount; ++i) {
-    numbers[i].box->setChecked(fields.numbers[i].changed);
-    numbers[i].field->setEnabled(fields.numbers[i].changed);
-    setText(*numbers[i].field, fields.numbers[i].text);
-  }
+  select(*ComboMaxDataLangthCANFD, canFdDataLengths(), fields.ComboMaxDataLangthCANFD);
+  showConverted(fields);
   (fields.littleEndian ? littleEndian : bigEndian)->setChecked(true);
   setText(*TextReprog, fields.TextReprog);
   CheckCGW->setChecked(fields.CheckCGW);
   CheckCGWIP->setChecked(fields.CheckCGWIP);
-  showDate(fields.DateOfficia);
-  setText(*txIPAddress, fields.txIPAddress);
-  setText(*txMACAddress, fields.txMACAddress);
+  DateOfficia->showStored(fields.DateOfficia);
+  CheckOfficia->setChecked(!fields.DateOfficia.empty());
+  DateOfficia->setEnabled(!fields.DateOfficia.empty());
   select(*ComboTypePanne, fields.ComboTypePanne);
   // The text of a new ECU is French in any language; its number finds the entry.
   if (ComboTypePanne->currentIndex() < 0 && target())
@@ -277,31 +274,19 @@ void UceEditParam::Parts::showControls(const EditParamFields& fields) {
   canRid->showIdentifier(canIdentifierOf(fields.canRid));
 }
 
-void UceEditParam::Parts::showDate(const std::string& stored) {
-  const auto moment = readOfficialDate(stored);
-  // A text that is no date is shown, and kept, as it is.
-  DateOfficia->setSpecialValueText(moment ? QString() : qs(stored));
-  if (moment)
-    DateOfficia->setDateTime(QDateTime(QDate(moment->year, moment->month, moment->day),
-                                       QTime(moment->hour, moment->minute, moment->second),
-                                       Qt::UTC));
-  else if (!stored.empty())
-    DateOfficia->setDateTime(DateOfficia->minimumDateTime());
-  else
-    DateOfficia->setDateTime(QDateTime(QDate::currentDate(), QTime::currentTime(), Qt::UTC));
-  CheckOfficia->setChecked(!stored.empty());
-  DateOfficia->setEnabled(!stored.empty());
-}
-
-std::string UceEditParam::Parts::readDate() const {
-  if (!CheckOfficia->isChecked()) return {};
-  const QDateTime moment = DateOfficia->dateTime();
-  if (moment == DateOfficia->minimumDateTime() && !DateOfficia->specialValueText().isEmpty())
-    return u8(DateOfficia->specialValueText());
-  const QDate date = moment.date();
-  const QTime time = moment.time();
-  return officialDateText(
-      {date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second()});
+/// The fields whose text may not be what is stored: a number in another form or one that does not
+/// convert, an address that is not taken.
+void UceEditParam::Parts::showConverted(const EditParamFields& fields) {
+  setText(*KW1, fields.KW1);
+  setText(*KW2, fields.KW2);
+  refreshFakra();
+  for (std::size_t i = 0; i < parameterNumberCount; ++i) {
+    numbers[i].box->setChecked(fields.numbers[i].changed);
+    numbers[i].field->setEnabled(fields.numbers[i].changed);
+    setText(*numbers[i].field, fields.numbers[i].text);
+  }
+  setText(*txIPAddress, fields.txIPAddress);
+  setText(*txMACAddress, fields.txMACAddress);
 }
 
 EditParamFields UceEditParam::Parts::readControls() {
@@ -320,7 +305,7 @@ EditParamFields UceEditParam::Parts::readControls() {
   fields.TextReprog = u8(TextReprog->text());
   fields.CheckCGW = CheckCGW->isChecked();
   fields.CheckCGWIP = CheckCGWIP->isChecked();
-  fields.DateOfficia = readDate();
+  fields.DateOfficia = CheckOfficia->isChecked() ? DateOfficia->stored() : std::string();
   fields.txIPAddress = u8(txIPAddress->text());
   fields.txMACAddress = u8(txMACAddress->text());
   if (ComboTypePanne->currentIndex() >= 0)
@@ -366,6 +351,19 @@ void UceEditParam::Parts::edited() {
 
 bool UceEditParam::Parts::numberIsBad(const QLineEdit& field) const {
   return field.isEnabled() && !readParameterNumber(u8(field.text()));
+}
+
+const UceEditParam::Parts::Number* UceEditParam::Parts::numberOf(const QObject* control) const {
+  for (const Number& number : numbers)
+    if (control == number.box || control == number.field) return &number;
+  return nullptr;
+}
+
+/// Its box belongs to the number: unchecked, it takes back what was typed.
+void UceEditParam::Parts::checkLeftNumber(const Number& number) {
+  if (number.field->isVisible() && !number.field->hasFocus() && !number.box->hasFocus() &&
+      numberIsBad(*number.field))
+    tellInvalid(*number.field);
 }
 
 QLineEdit* UceEditParam::Parts::firstBadNumber() const {

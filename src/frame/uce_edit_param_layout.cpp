@@ -3,13 +3,13 @@
 #include "controls/named.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
+#include "frame/official_date_field.h"
 #include "frame/uce_edit_param_parts.h"
 #include "frame/uce_selector_fields.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPlainTextEdit>
@@ -113,21 +113,16 @@ void UceEditParam::Parts::makeControls() {
 QWidget* UceEditParam::Parts::makeGeneral(QWidget* parent) {
   auto* general = frame("FrGeneral", "General", parent);
   QGridLayout* grid = gridOf(general);
-  txtEmail = named<QLineEdit>("txtEmail", general);
+  txtEmail = textField("txtEmail", general);
   Comment = named<QPlainTextEdit>("Comment", general);
   Comment->setTabChangesFocus(true);
   Comment->setFixedHeight(Comment->fontMetrics().lineSpacing() * 3 + 14);
-  TextReprog = named<QLineEdit>("TextReprog", general);
+  TextReprog = textField("TextReprog", general);
   ComboTypePanne = named<QComboBox>("ComboTypePanne", general);
   ComboTypePanne->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   ComboTypePanne->setMinimumContentsLength(12);
   CheckOfficia = box<QCheckBox>("CheckOfficia", "Official since", general);
-  DateOfficia = named<QDateTimeEdit>("DateOfficia", general);
-  DateOfficia->setCalendarPopup(true);
-  DateOfficia->setLocale(QLocale::c());
-  DateOfficia->setDateTimeRange(QDateTime(QDate(1, 1, 1), QTime(0, 0), Qt::UTC),
-                                QDateTime(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC));
-  DateOfficia->setTimeSpec(Qt::UTC); // no hour is missing because of summer time
+  DateOfficia = named<OfficialDateField>("DateOfficia", general);
   TypeCodage = new QButtonGroup(&page);
   bigEndian = box<QRadioButton>("TypeCodage", "Big Endian     (F - f)", general);
   littleEndian = box<QRadioButton>("TypeCodage", "Little Endian   (f - F)", general);
@@ -223,8 +218,8 @@ void UceEditParam::Parts::makeCanBaud(QWidget* parent) {
 
 void UceEditParam::Parts::makeIp(QWidget* parent) {
   FrIP = frame("FrIP", "DiagOnIP", parent);
-  txIPAddress = named<QLineEdit>("txIPAddress", FrIP);
-  txMACAddress = named<QLineEdit>("txMACAddress", FrIP);
+  txIPAddress = textField("txIPAddress", FrIP);
+  txMACAddress = textField("txMACAddress", FrIP);
   CheckCGWIP = box<QCheckBox>("CheckCGWIP", "behind the central gateway (CGW)", FrIP);
   LabelCGWIP = caption("LabelCGWIP", "Gateway", CheckCGWIP, FrIP);
   QGridLayout* grid = gridOf(FrIP);

@@ -13,7 +13,6 @@
 class QButtonGroup;
 class QCheckBox;
 class QComboBox;
-class QDateTimeEdit;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -24,10 +23,16 @@ class QToolBar;
 
 namespace kelmar {
 
+class OfficialDateField;
 class ShownField;
 
 /// The controls of the parameter page and what they do.
 struct UceEditParam::Parts {
+  struct Number {
+    QCheckBox* box = nullptr;
+    QLineEdit* field = nullptr;
+  };
+
   Parts(UceEditParam& owner, platform::Person& answering) : page(owner), person(answering) {}
 
   // uce_edit_param_layout.cpp
@@ -48,15 +53,16 @@ struct UceEditParam::Parts {
   std::int32_t code() const;
   void fillLists();
   void showControls(const EditParamFields& fields);
-  void showDate(const std::string& stored);
+  void showConverted(const EditParamFields& fields);
   EditParamFields readControls();
-  std::string readDate() const;
   void refreshLayout();
   void refreshFakra();
   void numberBoxToggled(std::size_t number, bool checked);
   void edited();
   bool numberIsBad(const QLineEdit& field) const;
   void tellInvalid(QLineEdit& field);
+  const Number* numberOf(const QObject* control) const;
+  void checkLeftNumber(const Number& number);
   QLineEdit* firstBadNumber() const;
   void save();
   void cancel();
@@ -82,7 +88,7 @@ struct UceEditParam::Parts {
   QComboBox *ComboTypeCom = nullptr, *ComboTypePanne = nullptr, *ComboBaudRate = nullptr,
             *ComboMaxDataLangthCANFD = nullptr;
   QCheckBox *CheckOfficia = nullptr, *CheckCGW = nullptr, *CheckCGWIP = nullptr;
-  QDateTimeEdit* DateOfficia = nullptr;
+  OfficialDateField* DateOfficia = nullptr;
   QButtonGroup* TypeCodage = nullptr;
   QRadioButton *bigEndian = nullptr, *littleEndian = nullptr;
   QGroupBox *FrCan = nullptr, *FrCanBaud = nullptr, *FrIP = nullptr, *Timing = nullptr,
@@ -91,10 +97,6 @@ struct UceEditParam::Parts {
          *LbBaudRateCANFD = nullptr, *LabelCGWIP = nullptr;
   CanIdentifierField *canXid = nullptr, *canRid = nullptr;
   ShownField* TextFakra = nullptr;
-  struct Number {
-    QCheckBox* box = nullptr;
-    QLineEdit* field = nullptr;
-  };
   std::array<Number, parameterNumberCount> numbers = {};
   UceAutoIdents* UceAutoIdents1 = nullptr;
 };

@@ -45,8 +45,7 @@ class EditParam : public testing::Test {
 TEST_F(EditParam, Fields_WithoutAnEcuAreNone) {
   database.ClearTarget();
   EXPECT_FALSE(fieldsOf(database));
-  EditParamFields fields;
-  applyFields(fields, database);
+  applyFields({}, database);
 }
 
 TEST_F(EditParam, Fields_OfANewEcuStandAtTheirDefaults) {
@@ -89,8 +88,7 @@ TEST_F(EditParam, Fields_TakeEachValueAndGoBackUnchanged) {
   EXPECT_EQ("1002", before.numbers[1].text);
   EXPECT_TRUE(before.numbers[1].changed);
 
-  EditParamFields fields = before;
-  applyFields(fields, database);
+  applyFields(before, database);
   EXPECT_EQ(before, shown());
   EXPECT_EQ(0x0A, parameters().key1);
   EXPECT_EQ(1001, parameters().BaudRate);
@@ -212,12 +210,19 @@ TEST_F(EditParam, CanFdLength_IsForItsProtocolAlone) {
   EXPECT_EQ(7, shownCode());
 }
 
+TEST_F(EditParam, CanFdLength_OfAFileStaysAlsoWhenItIsNoneOfTheList) {
+  parameters().CANFDTxMaxDataLength = 7;
+  EXPECT_EQ("7", shown().ComboMaxDataLangthCANFD);
+  applyFields(shown(), database);
+  EXPECT_EQ(7, parameters().CANFDTxMaxDataLength);
+}
+
 TEST_F(EditParam, ListsOfFixedEntries_FallBackToTheirDefaults) {
   EXPECT_EQ((std::vector<std::string>{"125000", "250000", "500000", "1000000"}), canBaudRates());
   EXPECT_EQ((std::vector<std::string>{"8", "12", "16", "20", "24", "32", "48", "64"}),
             canFdDataLengths());
   parameters().BaudRate = 125000;
-  parameters().CANFDTxMaxDataLength = 7;
+  parameters().CANFDTxMaxDataLength = 0;
   EXPECT_EQ("125000", shown().ComboBaudRate);
   EXPECT_EQ("64", shown().ComboMaxDataLangthCANFD);
   parameters().BaudRate = 33333;
@@ -243,14 +248,12 @@ TEST_F(EditParam, Gateway_IsThatOfTheShownBox) {
   EXPECT_EQ("", gatewayOf(7));
 }
 
-TEST_F(EditParam, IpPlaceholders_AreStoredAsAddressesAndShown) {
+TEST_F(EditParam, IpPlaceholders_AreStoredAsAddresses) {
   EditParamFields fields = shown();
   fields.ComboTypeCom = positionOf(9);
   applyFields(fields, database);
   EXPECT_EQ("00.11.22.33", parameters().IPAddress);
   EXPECT_EQ("AA:BB:CC:DD", parameters().MACAddress);
-  EXPECT_EQ("00.11.22.33", fields.txIPAddress);
-  EXPECT_EQ("AA:BB:CC:DD", fields.txMACAddress);
   EXPECT_EQ(-1, parameters().initMode);
   EXPECT_TRUE(parameters().multiPoint);
   EXPECT_EQ(9, shownCode());

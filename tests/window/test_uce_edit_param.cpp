@@ -11,6 +11,7 @@
 #include "support/user.h"
 
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
@@ -19,6 +20,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QStyleOptionComboBox>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
@@ -67,6 +69,8 @@ class UceEditParamPage : public testing::Test {
   TargetParamItem& parameters() { return *target().Parametres(); }
   QLineEdit& field(const char* name) { return control<QLineEdit>(*page, name); }
   QCheckBox& box(const char* name) { return control<QCheckBox>(*page, name); }
+  QDateTimeEdit& date() { return control<QDateTimeEdit>(*page, "DateOfficia"); }
+  std::string dateText() { return u8(date().text()); }
   QComboBox& list(const char* name) { return control<QComboBox>(*page, name); }
   ZEMnumeric& number(const char* name) { return control<ZEMnumeric>(*page, name); }
   QLineEdit& textOf(ZEMnumeric& number) { return control<QLineEdit>(number, "TextNum"); }
@@ -238,6 +242,27 @@ TEST_F(UceEditParamPage, ABadNumberHoldsTheField) {
   QTest::qWait(20);
 }
 
+TEST_F(UceEditParamPage, TheBoxOfABadNumberBringsTheDefaultBack) {
+  QCheckBox& check = usable<QCheckBox>(*page, "CheckInterByte");
+  click(check);
+  retype(field("TextInterByte"), "12x");
+  QTest::mousePress(&check, Qt::LeftButton);
+  QCoreApplication::processEvents();
+  QTest::mouseRelease(&check, Qt::LeftButton);
+  EXPECT_FALSE(check.isChecked());
+  EXPECT_EQ(text("TextInterByte"), "0");
+}
+
+TEST_F(UceEditParamPage, ABadNumberHoldsItsBoxToo) {
+  click(usable<QCheckBox>(*page, "CheckInterByte"));
+  retype(field("TextInterByte"), "12x");
+  press(field("TextInterByte"), Qt::Key_Tab, Qt::ShiftModifier);
+  EXPECT_TRUE(box("CheckInterByte").hasFocus());
+  expectInvalid();
+  press(box("CheckInterByte"), Qt::Key_Tab, Qt::ShiftModifier);
+  EXPECT_TRUE(waitUntil([&] { return person.allAsked() && field("TextInterByte").hasFocus(); }));
+}
+
 TEST_F(UceEditParamPage, ABadNumberIsNotSaved) {
   click(usable<QCheckBox>(*page, "CheckKW2"));
   retype(field("TextKW2"), "");
@@ -331,6 +356,65 @@ TEST_F(UceEditParamPage, LeavingWithABadNumberKeepsAllButThatOne) {
   EXPECT_TRUE(page->TestAndConfirmChange());
   EXPECT_EQ(target().Email(), "x");
   EXPECT_EQ(parameters().ErrorDelay, 300);
+}
+
+TEST_F(UceEditParamPage, ASaveShowsWhatIsStored) {
+  retype(field("KW1"), "");
+  retype(field("KW2"), "e9");
+  click(usable<QCheckBox>(*page, "CheckInterByte"));
+  retype(field("TextInterByte"), "1.5");
+  click(usable<QCheckBox>(*page, "CheckKW2"));
+  chooseProtocol(9);
+  retype(field("txIPAddress"), "10.0.0.1");
+  chooseProtocol(4);
+  recorder.take();
+  key("save");
+  EXPECT_EQ(recorder.take(), (Events{"UceEditParam1.OnSave(true)"}));
+  EXPECT_EQ(parameters().key1, 208);
+  EXPECT_EQ(text("KW1"), "D0");
+  EXPECT_EQ(text("KW2"), "E9");
+  EXPECT_EQ(text("TextFakra"), "13520");
+  EXPECT_EQ(parameters().InterByteDelay, 2);
+  EXPECT_EQ(text("TextInterByte"), "2");
+  EXPECT_FALSE(box("CheckKW2").isChecked());
+  EXPECT_EQ(parameters().IPAddress, "??.??.??.??");
+  EXPECT_EQ(text("txIPAddress"), "??.??.??.??");
+  EXPECT_FALSE(page->TestAndConfirmChange());
+}
+
+TEST_F(UceEditParamPage, ASaveLeavesTheCursorInItsField) {
+  click(usable<QCheckBox>(*page, "CheckInterByte"));
+  retype(field("TextInterByte"), "12");
+  press(field("TextInterByte"), Qt::Key_S, Qt::ControlModifier);
+  type(field("TextInterByte"), "3");
+  EXPECT_EQ(text("TextInterByte"), "123");
+}
+
+TEST_F(UceEditParamPage, LongTextsOfAFileAreNotCut) {
+  const std::string longText(40'000, 'x');
+  target().setEmail(longText);
+  parameters().Reprogrammable = longText;
+  parameters().IPAddress = parameters().MACAddress = longText;
+  showAgain();
+  key("save");
+  EXPECT_EQ(target().Email(), longText);
+  EXPECT_EQ(parameters().Reprogrammable, longText);
+  EXPECT_EQ(parameters().IPAddress, longText);
+  EXPECT_EQ(parameters().MACAddress, longText);
+}
+
+TEST_F(UceEditParamPage, ALengthOfTheFileStandsInTheListOfItsEcu) {
+  QComboBox& lengths = list("ComboMaxDataLangthCANFD");
+  parameters().CANFDTxMaxDataLength = 7;
+  showAgain();
+  EXPECT_EQ(u8(lengths.currentText()), "7");
+  key("save");
+  EXPECT_EQ(parameters().CANFDTxMaxDataLength, 7);
+  parameters().CANFDTxMaxDataLength = 32;
+  showAgain();
+  EXPECT_EQ(u8(lengths.currentText()), "32");
+  EXPECT_EQ(lengths.count(), 8);
+  EXPECT_EQ(recorder.take(), Events{});
 }
 
 TEST_F(UceEditParamPage, CanStoresItsFixedBaudRate) {
@@ -455,9 +539,61 @@ TEST_F(UceEditParamPage, TheDateIsStoredAsItIsShown) {
 TEST_F(UceEditParamPage, ATextThatIsNoDateIsShownAndKept) {
   parameters().DateOfficialisation = "next spring";
   showAgain();
-  EXPECT_EQ(control<QDateTimeEdit>(*page, "DateOfficia").text(), "next spring");
+  EXPECT_EQ(dateText(), "next spring");
+  press(date(), Qt::Key_Delete);
+  type(date(), "x");
+  press(date(), Qt::Key_Tab);
+  EXPECT_EQ(dateText(), "next spring");
+  EXPECT_EQ(recorder.take(), Events{});
   key("save");
   EXPECT_EQ(parameters().DateOfficialisation, "next spring");
+}
+
+TEST_F(UceEditParamPage, ADateIsTypedOverATextThatIsNone) {
+  for (const char* stored : {"12/25/2026", "1/2/26", "15/01/2026 07:08:09 AM"}) {
+    parameters().DateOfficialisation = stored;
+    showAgain();
+    ASSERT_EQ(dateText(), stored);
+    type(date(), "25/12/2027 09:30:00");
+    EXPECT_GT(changes(), 0u);
+    EXPECT_EQ(dateText(), "25/12/2027 09:30:00");
+    key("save");
+    EXPECT_EQ(parameters().DateOfficialisation, "25/12/2027 09:30:00");
+  }
+}
+
+TEST_F(UceEditParamPage, ADateIsTypedWithItsSeparatorsOrWithout) {
+  parameters().DateOfficialisation = "15/01/2026 07:08:09";
+  showAgain();
+  retype(date(), "5/3/2027 9:30");
+  press(date(), Qt::Key_Tab);
+  EXPECT_EQ(dateText(), "05/03/2027 09:30:09");
+  retype(date(), "25122028101112");
+  EXPECT_EQ(dateText(), "25/12/2028 10:11:12");
+}
+
+TEST_F(UceEditParamPage, TheArrowKeysGoOnFromNowWhereThereIsNoDate) {
+  parameters().DateOfficialisation = "next spring";
+  showAgain();
+  press(date(), Qt::Key_Up);
+  EXPECT_GT(changes(), 0u);
+  EXPECT_GE(date().date(), QDate::currentDate().addDays(-31));
+}
+
+TEST_F(UceEditParamPage, TheCalendarOpensNowWhereThereIsNoDate) {
+  parameters().DateOfficialisation = "next spring";
+  showAgain();
+  QStyleOptionComboBox option;
+  option.initFrom(&date());
+  QTest::mouseClick(&date(), Qt::LeftButton, {},
+                    date().style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                   QStyle::SC_ComboBoxArrow, &date()).center());
+  QCalendarWidget& calendar = *date().calendarWidget();
+  ASSERT_TRUE(waitUntil([&] { return calendar.isVisible(); }));
+  EXPECT_GE(calendar.yearShown(), QDate::currentDate().year() - 1);
+  press(calendar, Qt::Key_Escape);
+  EXPECT_TRUE(waitUntil([&] { return !calendar.isVisible(); }));
+  EXPECT_EQ(dateText(), "next spring");
 }
 
 TEST_F(UceEditParamPage, TheOptionsOfCodingAreOneOrTheOther) {

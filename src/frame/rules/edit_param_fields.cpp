@@ -62,15 +62,13 @@ void applyBaudRate(const EditParamFields& fields, std::int32_t code, TargetParam
   }
 }
 
-void applyAddresses(EditParamFields& fields, const ProtocolItem* protocol,
+void applyAddresses(const EditParamFields& fields, const ProtocolItem* protocol,
                     TargetParamItem& parameters) {
   if (panelsOf(protocol ? protocol->code : noProtocolCode).FrIP) {
-    if (fields.txIPAddress == "??.??.??.??" && fields.txMACAddress == "??:??:??:??") {
-      fields.txIPAddress = "00.11.22.33";
-      fields.txMACAddress = "AA:BB:CC:DD";
-    }
-    parameters.IPAddress = fields.txIPAddress;
-    parameters.MACAddress = fields.txMACAddress;
+    const bool placeholders =
+        fields.txIPAddress == "??.??.??.??" && fields.txMACAddress == "??:??:??:??";
+    parameters.IPAddress = placeholders ? "00.11.22.33" : fields.txIPAddress;
+    parameters.MACAddress = placeholders ? "AA:BB:CC:DD" : fields.txMACAddress;
   } else if (protocol && protocol->initMode >= 0 && parameters.initMode < 0) {
     // An ECU leaves IP: with its addresses it would be taken for one on IP again.
     parameters.SetDefaultValue(TargetParamItem::Ip);
@@ -146,8 +144,8 @@ std::optional<EditParamFields> fieldsOf(const OmnikorLibXml& database) {
   fields.littleEndian = parameters.LittleEndian;
   fields.TextReprog = parameters.Reprogrammable;
   fields.CheckCGW = fields.CheckCGWIP = parameters.Gateway == gatewayMark;
-  fields.ComboMaxDataLangthCANFD =
-      firstAmong(canFdDataLengths(), parameters.CANFDTxMaxDataLength, "64");
+  if (parameters.CANFDTxMaxDataLength > 0)
+    fields.ComboMaxDataLangthCANFD = std::to_string(parameters.CANFDTxMaxDataLength);
   fields.DateOfficia = parameters.DateOfficialisation;
   fields.txIPAddress = parameters.IPAddress;
   fields.txMACAddress = parameters.MACAddress;
@@ -158,7 +156,7 @@ std::optional<EditParamFields> fieldsOf(const OmnikorLibXml& database) {
   return fields;
 }
 
-void applyFields(EditParamFields& fields, OmnikorLibXml& database) {
+void applyFields(const EditParamFields& fields, OmnikorLibXml& database) {
   TargetItem* target = database.ActiveTarget.get();
   if (!target || !target->Parametres() || !database.protocols) return;
   TargetParamItem& parameters = *target->Parametres();

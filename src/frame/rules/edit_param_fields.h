@@ -64,9 +64,8 @@ const std::vector<std::string>& canFdDataLengths(); ///< bytes
 std::optional<EditParamFields> fieldsOf(const OmnikorLibXml& database);
 
 /// Copies the fields into the open ECU, in the fixed order. A number or key byte that does not
-/// convert leaves what was there. Placeholders in the fields of IP give way to addresses, in the
-/// fields too.
-void applyFields(EditParamFields& fields, OmnikorLibXml& database);
+/// convert leaves what was there. Placeholders in the fields of IP give way to addresses.
+void applyFields(const EditParamFields& fields, OmnikorLibXml& database);
 
 /// The moment that a stored date means; "." may stand for "/". None for a text that is no date.
 std::optional<DateTime> readOfficialDate(const std::string& stored);
