@@ -31,7 +31,8 @@ using desktop::u8;
 
 namespace {
 
-constexpr std::uint32_t changedBlue = 0xFF0000; // 0xBBGGRR
+// 0xBBGGRR, or that of the system.
+constexpr std::uint32_t changedBlue = 0xFF0000, listText = 0x80000008u;
 
 RequestItem& requestOf(RowTag tag) { return *static_cast<RequestItem*>(tag); }
 
@@ -154,6 +155,8 @@ void UceRequests::showItem(RowTag item) {
   }
   parts.positions->setScreen_DataPos();
   if (!parts.errorShown) parts.ShowErrorMsg();
+  // Keys that come now are not meant for the frame that stands in the place of the bad one.
+  if (std::exchange(parts.badFrameLeft, false)) parts.LVrequests->setFocus();
 }
 
 void UceRequests::confirmedByClick(bool applied) {
@@ -169,6 +172,7 @@ bool UceRequests::hasPendingEdits() const {
 }
 
 void UceRequests::stateMoved() {
+  parts_->enableFields();
   if (parts_->commands) parts_->commands->refresh();
   if (parts_->listCommands) parts_->listCommands->refresh();
 }
@@ -196,6 +200,7 @@ bool UceRequests::TestAndConfirmChange() {
   }
   if (const auto failure = parts_->GetRequestFromScreen()) {
     parts_->goToBadFrame();
+    parts_->badFrameLeft = true;
     ShowErrorBox(person(), language::global(), *failure);
   }
   refreshActiveRow();
@@ -268,21 +273,32 @@ void UceRequests::Parts::edited() { page.SetChanged(Edited); }
 
 void UceRequests::Parts::applied(int kind) { applied(kind, page.edits().changed()); }
 
-/// A command has reached the items. What was typed beside it is as unsaved as before: marked again,
-/// it is asked about before it goes.
 void UceRequests::Parts::applied(int kind, bool pending) {
   page.SetChanged(kind);
-  if (!pending || !request()) return;
+  if (pending) markTyped();
+}
+
+/// What stands beside a change that has reached the items, or was dropped, is as unsaved as before:
+/// marked again, it is asked about before it goes.
+void UceRequests::Parts::markTyped() {
+  if (!request()) return;
   if (positions->dataPosChanged() || typedFields() != fieldsOf(*request())) edited();
+}
+
+void UceRequests::Parts::saved() {
+  page.announceApplied();
+  markTyped();
+}
+
+void UceRequests::Parts::cancelled() {
+  emit page.OnCancel();
+  page.edits().clear();
+  page.stateMoved();
+  markTyped();
 }
 
 void UceRequests::Parts::frameEdited(QLineEdit& field) {
   if (page.edits().loading()) return;
-  if (&field == TextReqBytes && LVrequests->selectedTags().empty()) return;
-  frameChanged(field);
-}
-
-void UceRequests::Parts::frameChanged(QLineEdit& field) {
   colourFields();
   if (&field == TextReqBytes) lblReqLength->setText(qs(requestLengthText(u8(field.text()))));
   edited();
@@ -347,8 +363,7 @@ bool UceRequests::Parts::rename(RequestItem& item, const std::string& text) {
     return false;
   }
   page.rememberName(item.requestName);
-  withoutBytes.erase(&item);
-  renamed.insert(&item);
+  renamed[&item] = std::nullopt;
   showCaption();
   ShowErrorMsg();
   applied(Renamed);
@@ -399,7 +414,10 @@ void UceRequests::Parts::showSide(bool sent) {
 RowLook UceRequests::Parts::lookOf(RowTag tag) const {
   const RequestItem& item = requestOf(tag);
   RowLook look{.icon = requestIcon(item)};
-  if (renamed.contains(tag)) return look;
+  if (const auto kept = renamed.find(tag); kept != renamed.end()) {
+    look.colour = kept->second;
+    return look;
+  }
   const RequestFinding finding = target() ? findingOf(item, *target()) : RequestFinding::None;
   if (finding != RequestFinding::None || withoutBytes.contains(tag)) {
     look.bold = true;
@@ -410,8 +428,9 @@ RowLook UceRequests::Parts::lookOf(RowTag tag) const {
 }
 
 CellLook UceRequests::Parts::cellLookOf(RowTag tag, int column) const {
-  if (column != SendBytesColumn || !normalised.contains(tag)) return {};
-  return {.bold = true, .colour = changedBlue};
+  const auto changed = normalised.find(tag);
+  if (column != SendBytesColumn || changed == normalised.end()) return {};
+  return {.bold = changed->second, .colour = changed->second ? changedBlue : listText};
 }
 
 void UceRequests::Parts::setRequestListView(RequestItem& item) {

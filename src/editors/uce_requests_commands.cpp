@@ -214,6 +214,9 @@ void UceRequests::Parts::CutRequest() {
        platform::Buttons::OkCancel, platform::Icon::Critical});
   if (answer != platform::Answer::Ok) return;
   const RequestSelection gone = selected();
+  // What was typed for a request that is gone goes with it.
+  if (page.hasPendingEdits() && std::find(gone.begin(), gone.end(), request()) == gone.end())
+    page.TestAndConfirmChange();
   LVrequests->rows().setRows({}); // nothing is to show an item that is gone
   page.dropActive();
   const int deleted = deleteRequests(*target(), gone);
@@ -268,12 +271,11 @@ void UceRequests::Parts::changeNames(const std::string& key) {
   if (!command) return;
   const auto newName = askNameChange(*command, page.person());
   if (!newName) return;
+  std::unordered_map<RowTag, std::optional<std::uint32_t>> colours;
+  for (RequestItem* item : selected()) colours[item] = lookOf(item).colour;
   const RequestSelection done = renameRequests(*target(), selected(), newName);
   if (done.empty()) return;
-  for (RequestItem* item : done) {
-    withoutBytes.erase(item);
-    renamed.insert(item);
-  }
+  for (RequestItem* item : done) renamed[item] = colours[item];
   LVrequests->rows().refreshAll();
   if (request()) page.rememberName(request()->requestName);
   showCaption();
@@ -297,15 +299,16 @@ void UceRequests::Parts::normalizeReply() {
   if (!item) return;
   const bool pending = page.edits().changed();
   const CMultiLangEx& texts = language::global();
-  if (!item->RequestBytes) withoutBytes.insert(item);
+  if (!item->RequestBytes) {
+    withoutBytes.insert(item);
+    renamed.erase(item);
+  }
   const bool changed = NormalizeReplyTemplate(*item, *target());
+  normalised[item] = changed;
   if (changed) {
-    normalised.insert(item);
     const EditState::Loading loading = page.edits().load();
     Rtemplate->setText(qs(item->ReplyBytes->HexText()));
     colourFields();
-  } else {
-    normalised.erase(item);
   }
   LVrequests->rows().refresh(item);
   // The two texts stand crosswise, on purpose.
@@ -332,12 +335,10 @@ void UceRequests::Parts::normalizeAllReplies() {
   int count = 0;
   for (const RowTag tag : LVrequests->rows().tags()) {
     auto& item = *static_cast<RequestItem*>(tag);
-    if (!NormalizeReplyTemplate(item, *target())) {
-      normalised.erase(tag);
-      continue;
-    }
+    const bool changed = NormalizeReplyTemplate(item, *target());
+    normalised[tag] = changed;
+    if (!changed) continue;
     ++count;
-    normalised.insert(tag);
     if (&item != request()) continue;
     const EditState::Loading loading = page.edits().load();
     Rtemplate->setText(qs(item.ReplyBytes->HexText()));
@@ -369,12 +370,8 @@ void UceRequests::Parts::generateTests() {
 
 void UceRequests::Parts::importHex() {
   if (!request()) return;
-  const auto text = importSendBufferFromHex(*target(), page.person());
-  if (!text) return;
-  const QSignalBlocker quiet(TextReqBytes);
-  TextReqBytes->setText(qs(*text));
-  // Also while no row is selected: what came from a file is not to be lost.
-  frameChanged(*TextReqBytes);
+  if (const auto text = importSendBufferFromHex(*target(), page.person()))
+    TextReqBytes->setText(qs(*text));
 }
 
 } // namespace kelmar

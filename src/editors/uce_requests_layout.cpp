@@ -173,7 +173,7 @@ QWidget* UceRequests::Parts::makeSent() {
   FrameSend = untranslated(named<QWidget>("FrameSend", FrameInfos));
   auto* row = new QHBoxLayout(FrameSend);
   row->setContentsMargins(0, 0, 0, 0);
-  TextReqBytes = named<QLineEdit>("TextReqBytes", FrameSend);
+  TextReqBytes = textField("TextReqBytes", FrameSend);
   lblReqLength = untranslated(named<QLabel>("lblReqLength", FrameSend));
   lblReqLength->setText(QStringLiteral("(bytes)"));
   CheckLgVariable = box("CheckLgVariable", "Variable length", FrameSend);
@@ -201,7 +201,7 @@ QWidget* UceRequests::Parts::makeReceived() {
   FrameReceipt = untranslated(named<QWidget>("FrameReceipt", FrameInfos));
   auto* row = new QHBoxLayout(FrameReceipt);
   row->setContentsMargins(0, 0, 0, 0);
-  Rtemplate = named<QLineEdit>("Rtemplate", FrameReceipt);
+  Rtemplate = textField("Rtemplate", FrameReceipt);
   ValLenData = number("ValLenData", FrameReceipt);
   ValShiftBytes = number("ValShiftBytes", FrameReceipt);
   row->addWidget(caption("lblTemplate", "Template", Rtemplate, FrameReceipt));
@@ -214,9 +214,7 @@ QWidget* UceRequests::Parts::makeReceived() {
 }
 
 void UceRequests::Parts::connectControls() {
-  connect(TextComment, &QPlainTextEdit::textChanged, &page, [this] {
-    if (!LVrequests->selectedTags().empty()) edited();
-  });
+  connect(TextComment, &QPlainTextEdit::textChanged, &page, [this] { edited(); });
   for (QCheckBox* check : {CheckApresVente, CheckConstructeur, CheckEtude, CheckAccesAll,
                            CheckUsine, CheckReport, CheckLgVariable, CheckManualSend})
     connect(check, &QCheckBox::toggled, &page, [this] { edited(); });
@@ -235,6 +233,13 @@ void UceRequests::Parts::connectControls() {
     positions->leave();
     positions->setScreen_DataPos();
   });
+}
+
+/// Comment and bytes are typed for a selected row, and as long as something is to be validated.
+void UceRequests::Parts::enableFields() {
+  const bool open = LVrequests->selectionModel()->hasSelection() || page.edits().changed();
+  TextComment->setEnabled(open);
+  TextReqBytes->setEnabled(open);
 }
 
 void UceRequests::Parts::colourFields() {

@@ -11,6 +11,7 @@
 
 #include <QGroupBox>
 
+#include <unordered_map>
 #include <unordered_set>
 
 class QCheckBox;
@@ -48,6 +49,7 @@ struct UceRequests::Parts : PositionHost {
   QWidget* makeReceived();
   void connectControls();
   void colourFields();
+  void enableFields();
   // uce_requests_commands.cpp
   void makeCommands();
   std::vector<Command> listKeys();
@@ -82,8 +84,8 @@ struct UceRequests::Parts : PositionHost {
   void edited();
   void applied(int kind);
   void applied(int kind, bool pending);
+  void markTyped();
   void frameEdited(QLineEdit& field);
-  void frameChanged(QLineEdit& field);
   void numberEdited(const ZEMnumeric& field, std::int32_t inItem);
   void ValidChange(bool toFile);
   void cancel();
@@ -106,9 +108,9 @@ struct UceRequests::Parts : PositionHost {
   std::optional<Failure> GetRequestFromScreen() override;
   void goToBadFrame() override;
   void positionsChanged(int kind) override;
-  void saved() override { emit page.OnSave(false); }
+  void saved() override;
   void validated() override { page.announceApplied(); }
-  void cancelled() override { emit page.OnCancel(); }
+  void cancelled() override;
   void refreshRequest() override;
   void warnOutside(const std::string& text) override;
   void warnBroken() override;
@@ -122,13 +124,17 @@ struct UceRequests::Parts : PositionHost {
   int activeTab = 1;
   bool errorShown = false;
   BadFrame::Field badFrame = BadFrame::Field::RequestBytes;
+  bool badFrameLeft = false; ///< a bad frame was told, and what is shown next takes its place
   RowTag shownItem = nullptr;
   /// A data was led to before its request was there: its side comes to the front with it, once.
   bool sideWanted = false;
-  /// Rows that a normalisation of reply templates has marked, until the list is filled again.
-  std::unordered_set<RowTag> normalised, withoutBytes;
-  /// Rows that have looked like all others since they were renamed, until they are shown anew.
-  std::unordered_set<RowTag> renamed;
+  /// Until the list is filled again: rows whose reply template a normalisation has changed (true) or
+  /// found right, and those without request bytes that it came to.
+  std::unordered_map<RowTag, bool> normalised;
+  std::unordered_set<RowTag> withoutBytes;
+  /// Rows that are not bold and have no tool tip since they were renamed, with the colour that they
+  /// keep, until they are shown anew.
+  std::unordered_map<RowTag, std::optional<std::uint32_t>> renamed;
   CommandTable *commands = nullptr, *listCommands = nullptr;
 
   QToolBar* tbToolBar = nullptr;

@@ -189,6 +189,38 @@ TEST_F(UceRequestsPage, AYesWithABadFrameTellsItAndTheOtherRowIsChosen) {
   EXPECT_EQ(caption(), "Write");
 }
 
+TEST_F(UceRequestsPage, KeysAfterABadFrameGoToTheListAndNotIntoTheNextRequest) {
+  const auto typesBadFrame = [this] {
+    retype(field("TextReqBytes"), "218");
+    expectConfirmation(Answer::Yes);
+    person.expect("GENERIC/error/text", "Error", "Error # 1\r\nBad request bytes", Buttons::Ok,
+                  Icon::Critical, Answer::Ok);
+  };
+  typesBadFrame();
+  press(list(), Qt::Key_Down);
+  EXPECT_EQ(caption(), "Write");
+  EXPECT_TRUE(list().hasFocus());
+  QTest::keyClicks(page->focusWidget(), "2");
+  EXPECT_EQ(u8(field("TextReqBytes").text()), "3B01AABB");
+  typesBadFrame();
+  clickRow(list(), 2);
+  EXPECT_EQ(caption(), "Session");
+  EXPECT_TRUE(list().hasFocus());
+}
+
+TEST_F(UceRequestsPage, LongFramesAreShownAndTakenOverWhole) {
+  const std::string frame(40'000, 'A');
+  the("Read").RequestBytes->setHexText(frame);
+  the("Read").ReplyBytes->setHexText(frame);
+  enterAgain();
+  EXPECT_EQ(shown("lblReqLength"), "(20000 bytes)");
+  click(box("CheckManualSend"));
+  key("valid");
+  EXPECT_TRUE(the("Read").ManuelSend);
+  EXPECT_EQ(the("Read").RequestBytes->HexText(), frame);
+  EXPECT_EQ(the("Read").ReplyBytes->HexText(), frame);
+}
+
 TEST_F(UceRequestsPage, LeavingThePageAsksAndSaysWhatCameOfIt) {
   EXPECT_FALSE(page->TestAndConfirmChange());
   retype(field("TextReqBytes"), "2102");

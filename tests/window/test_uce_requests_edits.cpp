@@ -131,7 +131,7 @@ TEST_F(UceRequestsEdits, ABadFrameOnTheOtherTabIsToldBeforeThePlacementIsAskedAb
   EXPECT_EQ(recorder.take(),
             (Events{"box User Error: Bad request bytes",
                     "box Confirm change: Data has been modified. Save change?",
-                    "UceRequests1.OnSave(false)"}));
+                    "UceRequests1.OnSave(false)", "UceRequests1.OnChange()"}));
   EXPECT_EQ(position("Read", "Wide").StartOctet, 3) << "the placement is kept";
   EXPECT_FALSE(position("Read", "Wide").param);
   EXPECT_EQ(shownTab(), 0);
@@ -208,15 +208,103 @@ TEST_F(UceRequestsEdits, APlacementIsAskedAboutWhenTheListIsClickedOrSearched) {
   tab(1);
   retype(numberText("ValStartOctet"), "3");
   expectPositionConfirmation(Answer::Yes);
-  expectConfirmation(Answer::Yes);
   clickRow(list(), 0); // the row that is shown
   EXPECT_EQ(position("Read", "Wide").StartOctet, 3);
   retype(numberText("ValStartOctet"), "2");
   expectPositionConfirmation(Answer::No);
-  expectConfirmation(Answer::No);
   page->setEditRequestName("Session");
   EXPECT_EQ(caption(), "Session");
   EXPECT_EQ(position("Read", "Wide").StartOctet, 3);
+}
+
+TEST_F(UceRequestsEdits, AfterThePlacementIsAskedAboutTheMarkIsThatOfTheRequestAlone) {
+  tab(1);
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    retype(numberText("ValStartOctet"), "3");
+    EXPECT_EQ(recorder.take(), changed);
+    expectPositionConfirmation(answer);
+    clickRow(placed(), 1);
+    recorder.take();
+    EXPECT_FALSE(isUsable("cancel")) << "nothing is pending";
+    retype(field("Rtemplate"), "6102");
+    EXPECT_EQ(recorder.take(), changed) << "the first change since";
+    key("cancel");
+    clickRow(placed(), 0);
+    recorder.take();
+  }
+}
+
+TEST_F(UceRequestsEdits, WhatIsTypedStaysMarkedBesideAPlacementThatWasAskedAbout) {
+  tab(1);
+  const std::pair<Answer, const char*> answers[] = {{Answer::No, "UceRequests1.OnCancel()"},
+                                                    {Answer::Yes, "UceRequests1.OnSave(false)"}};
+  for (const auto& [answer, told] : answers) {
+    retype(field("Rtemplate"), "6102");
+    retype(numberText("ValStartOctet"), "3");
+    recorder.take();
+    expectPositionConfirmation(answer);
+    clickRow(placed(), 1);
+    EXPECT_EQ(recorder.take(), (Events{"box Confirm change: Data has been modified. Save change?",
+                                       told, "UceRequests1.OnChange()"}));
+    key("cancel");
+    clickRow(placed(), 0);
+  }
+}
+
+TEST_F(UceRequestsEdits, WhatIsTypedIsAskedAboutBeforeOtherRequestsAreDeleted) {
+  the("Write").ManuelSend = true;
+  enterAgain();
+  chooseForRequest("mnuRequestSelectManualSend");
+  ASSERT_EQ(selectedNames(), "Write");
+  retype(field("TextReqBytes"), "2199");
+  expectDeletion(Answer::Ok);
+  expectConfirmation(Answer::Yes);
+  key("cut");
+  EXPECT_EQ(target().Requests()->Count(), 2);
+  EXPECT_EQ(caption(), "Read");
+  EXPECT_EQ(the("Read").RequestBytes->HexText(), "2199");
+  EXPECT_EQ(u8(field("TextReqBytes").text()), "2199");
+  retype(field("TextReqBytes"), "21");
+  expectDeletion(Answer::Ok);
+  key("cut");
+  EXPECT_EQ(caption(), "Session") << "what was typed goes with its request, without a question";
+}
+
+TEST_F(UceRequestsEdits, BytesAndCommentOfNoSelectedRowCannotBeTyped) {
+  auto& comment = control<QPlainTextEdit>(*page, "TextComment");
+  chooseForRequest("mnuRequestSelectManualSend");
+  ASSERT_EQ(selectedNames(), "");
+  EXPECT_EQ(caption(), "Read");
+  EXPECT_FALSE(field("TextReqBytes").isEnabled());
+  EXPECT_FALSE(comment.isEnabled());
+  clickRow(list(), 0);
+  EXPECT_TRUE(field("TextReqBytes").isEnabled());
+  EXPECT_TRUE(comment.isEnabled());
+  retype(field("TextReqBytes"), "210");
+  recorder.take();
+  chooseForRequest("mnuRequestSelectManualSend");
+  retype(field("TextReqBytes"), "2102"); // what is begun can be finished
+  EXPECT_EQ(recorder.take(), Events{}) << "the page was marked all the time";
+  EXPECT_NE(field("TextReqBytes").palette().color(QPalette::Text), QColor(255, 0, 0));
+  key("valid");
+  EXPECT_EQ(the("Read").RequestBytes->HexText(), "2102");
+  EXPECT_FALSE(field("TextReqBytes").isEnabled());
+}
+
+TEST_F(UceRequestsEdits, NegativeNumbersOfAFileAreShownAlsoBesideHexadecimalOnes) {
+  RequestItem& write = the("Write");
+  write.LengthDatas = -3;
+  write.ShiftBytesCount = -1;
+  tab(1);
+  number("ValLenData").setBase(1);
+  number("ValShiftBytes").setBase(1);
+  clickRow(list(), 1);
+  EXPECT_EQ(u8(number("ValLenData").text()), "-3");
+  EXPECT_EQ(u8(number("ValShiftBytes").text()), "-1");
+  click(box("CheckUsine"));
+  key("valid");
+  EXPECT_EQ(write.LengthDatas, -3);
+  EXPECT_EQ(write.ShiftBytesCount, -1);
 }
 
 TEST_F(UceRequestsEdits, ALineBreakInWhatIsSentIsTold) {

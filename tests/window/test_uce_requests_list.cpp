@@ -65,11 +65,13 @@ TEST_F(UceRequestsList, NewInAnEmptyEcuByItsKey) {
 
 TEST_F(UceRequestsList, NewAsksAboutBothHalvesFirst) {
   tab(1);
+  retype(field("Rtemplate"), "6102");
   retype(numberText("ValStartOctet"), "4");
   expectPositionConfirmation(Answer::Yes);
   expectConfirmation(Answer::Yes);
   key("new");
   EXPECT_EQ(position("Read", "Wide").StartOctet, 4);
+  EXPECT_EQ(the("Read").ReplyBytes->HexText(), "6102");
   EXPECT_EQ(requestNames(), "Read|Write|Session|New");
 }
 
@@ -97,6 +99,29 @@ TEST_F(UceRequestsList, ARenamedRowLooksLikeAllOthersUntilItIsShownAnew) {
   look = list().rows().lookOf(&the("Read all"));
   EXPECT_TRUE(look.bold);
   EXPECT_EQ(look.toolTip, "Warning : There is data on service code.");
+}
+
+TEST_F(UceRequestsList, ANameCommandTakesBoldAndToolTipAndLeavesTheColour) {
+  place("Read", "Level", false, 1, 0);
+  the("Write").requestName = "Write  it";
+  enterAgain();
+  selectRows({0, 1, 2});
+  expectYesNo("REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
+              "Normalize space suppress white spaces at the start and end of the data name and "
+              "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
+              Answer::Yes);
+  chooseForRequest("PopupReqNormalize");
+  expectYesNo("REQUESTS/MSG/PopupRequcase_Click/text", "User confirm", "Convert name to uppercase?",
+              Answer::Yes);
+  chooseForRequest("PopupReqUcase");
+  EXPECT_EQ(rowsAsText(list().rows()), "[none] READ | 2101 |  #0000FF\n"
+                                       "[none] WRITE IT | 3B01AABB |  #0000FF\n"
+                                       "[none] SESSION | 1003 | \n");
+  enterAgain();
+  EXPECT_EQ(rowsAsText(list().rows()),
+            "[none] READ | 2101 |  ! #0000FF (Warning : There is data on service code.)\n"
+            "[none] WRITE IT | 3B01AABB | \n"
+            "[none] SESSION | 1003 | \n");
 }
 
 TEST_F(UceRequestsList, DeletingAllLeavesAnEmptyPageAndPasteBringsThemBack) {
@@ -310,8 +335,26 @@ TEST_F(UceRequestsList, NormalisingSaysTheTextsCrosswiseAndMarksTheRowBlue) {
                   "modifications.");
   chooseForRequest("PopupReplyTemplateNormalize");
   look = list().rows().cellLookOf(&the("Session"), 1);
-  EXPECT_EQ(look.colour, std::nullopt);
+  EXPECT_EQ(look.bold, false);
+  EXPECT_NE(look.colour, 0xFF0000u);
   EXPECT_EQ(recorder.take().size(), 1u) << "nothing but the box";
+}
+
+TEST_F(UceRequestsList, AReplyTemplateThatIsRightShowsTheBytesOfARedRowPlain) {
+  place("Read", "Level", false, 1, 0);
+  enterAgain();
+  const RowsModel& rows = list().rows();
+  const QModelIndex name = rows.index(0, 0), bytes = rows.index(0, 1);
+  EXPECT_EQ(bytes.data(Qt::ForegroundRole), QColor(255, 0, 0));
+  tellsNormalised("REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
+                  "The reply template has been changed.\r\n\r\nModified requests have sent bytes in "
+                  "blue bold in the list.\r\n\r\nYou should save the database to keep "
+                  "modifications.");
+  chooseForRequest("PopupReplyTemplateNormalize");
+  EXPECT_EQ(bytes.data(Qt::ForegroundRole), page->palette().color(QPalette::WindowText));
+  EXPECT_FALSE(bytes.data(Qt::FontRole).isValid());
+  EXPECT_EQ(name.data(Qt::ForegroundRole), QColor(255, 0, 0));
+  EXPECT_TRUE(name.data(Qt::FontRole).isValid());
 }
 
 TEST_F(UceRequestsList, NormalisingARequestWithoutBytesTurnsItsRowRed) {
@@ -338,12 +381,12 @@ TEST_F(UceRequestsList, NormalisingAllCountsAndSaysTheTextsStraight) {
   chooseForRequest("PopupReplyTemplateNormalizeAll");
   EXPECT_EQ(the("Read").ReplyBytes->HexText(), "6101");
   EXPECT_EQ(list().rows().cellLookOf(&the("Read"), 1).colour, 0xFF0000u);
-  EXPECT_EQ(list().rows().cellLookOf(&the("Write"), 1).colour, std::nullopt);
+  EXPECT_NE(list().rows().cellLookOf(&the("Write"), 1).colour, 0xFF0000u);
   EXPECT_EQ(recorder.take().size(), 3u);
   tellsNormalised("REQUESTS/MSG/PopupReplyTemplateNormalizeAll_Click/noChange/text",
                   "All reply templates are OK. No change applied to the database.");
   chooseForRequest("PopupReplyTemplateNormalizeAll");
-  EXPECT_EQ(list().rows().cellLookOf(&the("Read"), 1).colour, std::nullopt);
+  EXPECT_NE(list().rows().cellLookOf(&the("Read"), 1).colour, 0xFF0000u);
   EXPECT_EQ(recorder.take().size(), 1u);
 }
 
