@@ -2,13 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "frame/kelmar_form.h"
 
-#include "base/failure.h"
 #include "base/text.h"
 #include "base/version.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
 #include "frame/rules/page_address.h"
-#include "frame/rules/selector_load_report.h"
 #include "platform/files.h"
 
 #include <QAction>
@@ -109,22 +107,7 @@ void KelmarForm::start(const std::string& commandString) {
   show();
 }
 
-void KelmarForm::openFile(const std::string& file) {
-  UceSelector& selector = ctlOmnikor->selector();
-  try {
-    selector.OpenEcuFile(file);
-  } catch (const Failure& failure) {
-    const CMultiLangEx& texts = language::global();
-    std::string text = texts.getMultilangMessageDefault(
-        "File : {0}{crlf}{crlf}Error : {1}", "SELECTOR/MSG/OpenEcuFile/text", file, failure.text);
-    if (const auto& database = selector.database(); database && !database->report().empty())
-      text += "\r\n\r\n" + loadReportText(texts, database->report());
-    machine_.person.message({"SELECTOR/MSG/OpenEcuFile/text",
-                             texts.getMultilangMessageDefault("Open Ecu file error",
-                                                              "SELECTOR/MSG/OpenEcuFile/title"),
-                             text, platform::Buttons::Ok, platform::Icon::Critical});
-  }
-}
+void KelmarForm::openFile(const std::string& file) { ctlOmnikor->selector().openTold(file); }
 
 // The entries of the checks come with the checks.
 void KelmarForm::makeMenus() {

@@ -198,11 +198,13 @@ void omnikorEditor::listenToSelector() {
   connect(selector_, &UceSelector::OnChange, this, [this, &row] { state_.OnChange(row); });
   connect(selector_, &UceSelector::OnSave, this, [this, &row] { state_.OnSave(row, true); });
   connect(selector_, &UceSelector::OnCancel, this, [this, &row] { state_.OnCancel(row); });
-  connect(selector_, &UceSelector::OnNewECU, this,
-          [this] { TabStripPrincipal->setEnabled(false); });
+  connect(selector_, &UceSelector::OnNewECU, this, [this] {
+    TabStripPrincipal->setEnabled(false);
+    state_.SetSaveNeed(false); // what the ECU that goes had to be saved is saved
+  });
   connect(selector_, &UceSelector::UceSelected, this, &omnikorEditor::selected);
   connect(selector_, &UceSelector::CheckIfSaveNeeded, this,
-          [this] { state_.ConfirmLeavePage(currentPage_, true); });
+          [this](bool& mayGoOn) { mayGoOn = state_.ConfirmLeavePage(currentPage_, true); });
   connect(selector_, &UceSelector::DatabaseChanged, this,
           [this](const QString&, const QString& newText) {
             if (Page* parameters = page("UCEparam"))

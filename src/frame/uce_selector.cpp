@@ -92,6 +92,7 @@ void UceSelector::InitParameters(const std::string& basePath, const std::string&
   parts.ecuSelector1->setLang(parts.lang);
   parts.ecuSelector1->setRemoteDataServer(RemoteDataServer);
   parts.ecuSelector1->initialise(parts.basePath, parts.parametersFile, SiteKey);
+  parts.dataSetLabel = selectionLabel();
   parts.useSite();
   parts.UctlNewEcuAddr1->InitControl();
   InitMenu();

@@ -74,9 +74,12 @@ class UceSelector : public QWidget {
   /// Opens a path or address. Raises the failure of the load, apart from number 2 (the person did
   /// not want the file); the page is then empty.
   void OpenEcuFile(const std::string& file);
+  /// The same, but tells a failure by a box.
+  void openTold(const std::string& file);
   /// True when the file was saved. Tells by a box why not, except after a cancel.
   bool saveFile(bool saveAs = false);
-  /// The first call after opening keeps the file beside it as ".bak"; errors are ignored.
+  /// The first call after opening keeps the file beside it as ".bak"; errors are ignored, and not
+  /// made good by a later call.
   void saveBackupFile();
   void SizeControls();
   void showUpdateCheckBase(bool visible);
@@ -117,7 +120,9 @@ class UceSelector : public QWidget {
   void OnCancel();
   void OnNewECU();
   void UceSelected(bool loaded);
-  void CheckIfSaveNeeded();
+  /// Another ECU is about to be opened. Whoever hears it may save first, and sets `mayGoOn` to false
+  /// when the open one has to stay.
+  void CheckIfSaveNeeded(bool& mayGoOn);
   void DatabaseChanged(const QString& oldText, const QString& newText);
 
  protected:

@@ -23,12 +23,12 @@ using desktop::u8;
 
 namespace {
 
-/// What stands in a field of the search panel as a number; an empty or impossible one counts as 0.
-std::int32_t numberIn(const QLineEdit& field) {
+/// What stands in a field of the search panel as a number; none for an empty or impossible one.
+std::optional<std::int32_t> numberIn(const QLineEdit& field) {
   try {
     return toInt32(u8(field.text()));
   } catch (const Failure&) {
-    return 0;
+    return std::nullopt;
   }
 }
 
@@ -38,6 +38,7 @@ void UceSelector::Parts::newEcuCancelled() {
   state.creating = false;
   clearSummary();
   applyState();
+  ecuSelector1->setFocus();
 }
 
 void UceSelector::Parts::newEcuCreated(const NewEcu& ecu) {
@@ -53,6 +54,7 @@ void UceSelector::Parts::newEcuCreated(const NewEcu& ecu) {
   showSummary();
   showProjects();
   applyState();
+  TxEcuName->setFocus();
   emit page.UceSelected(true);
   emit page.OnChange();
 }
@@ -83,8 +85,8 @@ void UceSelector::GetLogicalAddressFromAddressingFile() {
       addressing.logicalAddressOf(addressOfText(u8(parts.TextAdresse->text())));
   if (!found) return;
   parts.TextLogicalAdresse->setText(qs(*found));
-  emit OnChange();
   if (parts.target()) parts.changes.setLogicalAddress(*parts.database, *found);
+  emit OnChange();
 }
 
 void UceSelector::ReadCanId(const std::string& file, std::int32_t address, std::int32_t& canXid,
@@ -176,10 +178,12 @@ int UceSelector::FindHrefTargetByIdentificationAndProtocol(
 }
 
 void UceSelector::Parts::detect() {
-  std::string href, text;
-  page.FindHrefTargetByIdentificationAndProtocol(
-      numberIn(*txdFunc), comboProto->currentData().toInt(), numberIn(*txdDiag),
-      u8(txdSup->text()), u8(txdSoft->text()), u8(txdVers->text()), href, text);
+  const std::optional<std::int32_t> function = numberIn(*txdFunc), diagVersion = numberIn(*txdDiag);
+  std::string href, text = matchText(texts(), 0, {});
+  if (function && diagVersion)
+    page.FindHrefTargetByIdentificationAndProtocol(
+        *function, comboProto->currentData().toInt(), *diagVersion, u8(txdSup->text()),
+        u8(txdSoft->text()), u8(txdVers->text()), href, text);
   txdHref->setText(qs(href));
   lbResult->setText(qs(href.empty() ? text : text + "\r\n[" + href + "]"));
 }

@@ -21,6 +21,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <utility>
+
 namespace kelmar {
 
 using desktop::qs;
@@ -29,6 +31,7 @@ using desktop::u8;
 void UceSelector::Parts::makeCommands() {
   const auto usable = [this] { return controlsFor(state).TBtoolbar; };
   const auto withEcu = [this] { return controlsFor(state).save; };
+  const auto withEdits = [this] { return controlsFor(state).cancel; };
   std::vector<Command> table(5);
 
   table[0] = {.key = "Open", .toolTip = "Open an ECU file", .icon = "open",
@@ -50,7 +53,7 @@ void UceSelector::Parts::makeCommands() {
               }};
   table[2] = {.key = "cancel", .toolTip = "Drop the changes of the summary", .icon = "cancel",
               .run = [this] { guarded([this] { cancelEdits(); }); },
-              .enabled = withEcu, .shortcuts = {}, .caption = "Cancel"};
+              .enabled = withEdits, .shortcuts = {}, .caption = "Cancel"};
   table[3] = {.key = "new", .toolTip = "Create a new ECU", .icon = "new",
               .run = [this] { guarded([this] { newEcu(); }); },
               .enabled = usable, .shortcuts = {QKeySequence::New}, .caption = "New"};
@@ -70,6 +73,7 @@ void UceSelector::Parts::makeCommands() {
 }
 
 void UceSelector::Parts::connectControls() {
+  connect(&page, &UceSelector::OnChange, &page, [this] { applyState(); });
   for (QLineEdit* field : {TxEcuName, txGenericName}) {
     connect(field, &QLineEdit::textEdited, &page, [this] {
       // While a new ECU is made there is nothing yet that could have changed.
@@ -110,7 +114,8 @@ void UceSelector::Parts::connectControls() {
   connect(ecuSelector1, &ecuSelector::functionAddressChanged, &page,
           [this](qint32 value) { txdFunc->setText(QString::number(value)); });
   connect(ecuSelector1, &ecuSelector::dataSetChanged, &page, [this](const QString& newText) {
-    emit page.DatabaseChanged(qs(ecuSelector1->selectionLabel()), newText);
+    const std::string before = std::exchange(dataSetLabel, u8(newText));
+    emit page.DatabaseChanged(qs(before), newText);
   });
   connect(ecuSelector1, &ecuSelector::treeReloaded, &page, [this] {
     readProjects();
@@ -135,13 +140,14 @@ void UceSelector::Parts::connectControls() {
 }
 
 void UceSelector::Parts::applyState() {
+  state.edited = edits.changed() || changes.any();
   state.functionChosen = cbFunctionsName->currentIndex() >= 0;
   const SelectorControls shown = controlsFor(state);
   TBtoolbar->setEnabled(shown.TBtoolbar);
   commands->refresh();
   ecuSelector1->setEnabled(shown.ecuSelector1);
-  TxEcuName->setEnabled(shown.names);
-  txGenericName->setEnabled(shown.names);
+  TxEcuName->setEnabled(shown.TxEcuName);
+  txGenericName->setEnabled(shown.txGenericName);
   lstProjects->setEnabled(shown.lstProjects);
   LabelFunction->setEnabled(shown.LabelFunction);
   cmdLinkNewPDM->setEnabled(shown.cmdLinkNewPDM);

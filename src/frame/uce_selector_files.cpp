@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -52,6 +53,20 @@ void UceSelector::OpenEcuFile(const std::string& file) {
   parts.opened(file);
 }
 
+void UceSelector::openTold(const std::string& file) {
+  try {
+    OpenEcuFile(file);
+  } catch (const Failure& failure) {
+    parts_->tellOpenError(file, failure);
+  }
+}
+
+bool UceSelector::Parts::mayReplaceEcu() {
+  bool mayGoOn = true;
+  emit page.CheckIfSaveNeeded(mayGoOn);
+  return mayGoOn;
+}
+
 bool UceSelector::Parts::load(const std::string& file) {
   if (!database)
     throw Failure(1, "UceSelector",
@@ -59,6 +74,7 @@ bool UceSelector::Parts::load(const std::string& file) {
                   "hotline");
   // Whatever the load gives, the ECU that was shown is gone.
   state = {.projectsKnown = state.projectsKnown};
+  edits.clear();
   changes.forget();
   applyState();
   emit page.UceSelected(false);
@@ -97,6 +113,8 @@ void UceSelector::Parts::opened(const std::string& address) {
   showSummary();
   cbFunctionsName->clear();
   applyState();
+  // The name could not keep the focus while there was no ECU.
+  if (framSummary->isAncestorOf(page.focusWidget())) TxEcuName->setFocus();
 }
 
 void UceSelector::Parts::openAsked() {
@@ -110,7 +128,7 @@ void UceSelector::Parts::openAsked() {
          platform::Buttons::Ok, platform::Icon::Critical});
     return;
   }
-  emit page.CheckIfSaveNeeded();
+  if (!mayReplaceEcu()) return;
   const std::optional<std::string> file = machine.person.file(
       {platform::FileQuestion::Kind::Open,
        texts().getMultilangMessageDefault("Open database", "SELECTOR/MSG/OpenEcuFile/dialog"),
@@ -118,26 +136,16 @@ void UceSelector::Parts::openAsked() {
                                           "SELECTOR/MSG/OpenEcuFile/filter"),
        ".xml",
        {}});
-  if (!file) return;
-  try {
-    page.OpenEcuFile(*file);
-  } catch (const Failure& failure) {
-    tellOpenError(*file, failure);
-  }
+  if (file) page.openTold(*file);
 }
 
 void UceSelector::Parts::openDropped(const std::string& file) {
   // A drop replaces the open ECU like any other opening, so unsaved work is asked about here too.
-  emit page.CheckIfSaveNeeded();
-  try {
-    page.OpenEcuFile(file);
-  } catch (const Failure& failure) {
-    tellOpenError(file, failure);
-  }
+  if (mayReplaceEcu()) page.openTold(file);
 }
 
 void UceSelector::Parts::openRecent(const std::string& file) {
-  emit page.CheckIfSaveNeeded();
+  if (!mayReplaceEcu()) return;
   try {
     page.OpenEcuFile(file);
   } catch (const Failure& failure) {
@@ -153,7 +161,7 @@ void UceSelector::Parts::openRecent(const std::string& file) {
 }
 
 void UceSelector::Parts::openFromTree(const std::string& address) {
-  emit page.CheckIfSaveNeeded();
+  if (!mayReplaceEcu()) return;
   try {
     const Hourglass waiting;
     url = address;

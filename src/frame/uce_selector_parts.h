@@ -47,7 +47,8 @@ struct UceSelector::Parts {
   std::shared_ptr<OmnikorLibXml> database;
   std::string fileName, url, lang = "en";
   std::string basePath, parametersFile, allProjects;
-  bool backupTaken = false;
+  std::string dataSetLabel; ///< of the data set that was told last
+  bool backupTaken = false; ///< or tried
   bool initialised = false; ///< InitParameters has run
   SelectorState state;
   EditState edits;          ///< of the two names
@@ -106,6 +107,9 @@ struct UceSelector::Parts {
   void applyState();
 
   // uce_selector_files.cpp
+  /// Lets unsaved work be saved before another ECU takes the place of the open one. False when that
+  /// was wanted and did not succeed.
+  bool mayReplaceEcu();
   void openAsked();
   void openRecent(const std::string& file);
   void openDropped(const std::string& file);

@@ -71,13 +71,16 @@ bool UceSelector::saveFile(bool saveAs) {
 void UceSelector::saveBackupFile() {
   Parts& parts = *parts_;
   if (parts.backupTaken || parts.fileName.empty()) return;
-  // One backup an opening: it holds the file as it was before the first change.
-  if (copyToBackup(parts.fileName)) parts.backupTaken = true;
+  // One backup an opening: it holds the file as it was before the first change. What fails is not
+  // tried again, as the file may have been saved by then.
+  copyToBackup(parts.fileName);
+  parts.backupTaken = true;
 }
 
 void UceSelector::Parts::cancelEdits() {
-  if (!target()) return;
+  if (!target() || !state.edited) return;
   changes.takeBack(*database);
+  edits.clear();
   showSummary();
   showProjects();
   state.changingFunction = false;

@@ -27,7 +27,6 @@ void UceSelector::Parts::showSummary() {
   TextLogicalAdresse->setText(qs(summary->TextLogicalAdresse));
   TextFunction->setText(qs(summary->TextFunction));
   TextProtocole->setText(qs(summary->TextProtocole));
-  edits.clear();
 }
 
 void UceSelector::Parts::clearSummary() {

@@ -14,10 +14,10 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSignalBlocker>
 
 namespace kelmar {
@@ -48,8 +48,6 @@ UctlNewEcuAddr::UctlNewEcuAddr(platform::Person& person, platform::Fetch* fetch,
   connect(cbCreate_, &QPushButton::clicked, this, &UctlNewEcuAddr::createClicked);
   connect(txAddr_, &QLineEdit::returnPressed, this, &UctlNewEcuAddr::createClicked);
   connect(cbCancel_, &QPushButton::clicked, this, &UctlNewEcuAddr::cancel);
-  connect(new QShortcut(Qt::Key_Escape, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
-          &QShortcut::activated, this, &UctlNewEcuAddr::cancel);
 }
 
 void UctlNewEcuAddr::InitControl() {
@@ -106,6 +104,14 @@ void UctlNewEcuAddr::createClicked() {
     return;
   }
   emit create(ecu.address, qs(ecu.logicalAddress), qs(ecu.functionName), ecu.canXid, ecu.canRid);
+}
+
+// No shortcut: that would come before the open list of functions, which closes by the same key.
+void UctlNewEcuAddr::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel))
+    emit cancel();
+  else
+    QWidget::keyPressEvent(event);
 }
 
 void UctlNewEcuAddr::layOut() {

@@ -37,6 +37,9 @@ class UctlNewEcuAddr : public QWidget {
   void create(qint32 address, const QString& logicalAddress, const QString& functionName,
               qint32 canXid, qint32 canRid);
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void layOut();
   void chooseFunction();

@@ -113,7 +113,9 @@ std::string namesOf(const SelectorControls& controls) {
   add(controls.TBtoolbar, "toolbar");
   add(controls.ecuSelector1, "tree");
   add(controls.save, "save");
-  add(controls.names, "names");
+  add(controls.cancel, "cancel");
+  add(controls.TxEcuName, "name");
+  add(controls.txGenericName, "group");
   add(controls.lstProjects, "projects");
   add(controls.LabelFunction, "function");
   add(controls.cmdLinkNewPDM, "link");
@@ -135,20 +137,22 @@ TEST(SelectorState, DecidesWhichControlsMayBeUsed) {
       {{.projectsKnown = true}, "toolbar tree detect"},
       {{.httpAddress = true}, "toolbar tree detect"},
       {{.itemsNotKept = true}, "toolbar tree detect"},
-      {{.creating = true}, "names panel"},
-      {{.ecuOpen = true, .creating = true, .changingFunction = true, .httpAddress = true,
-        .projectsKnown = true, .itemsNotKept = true},
-       "names panel"},
-      {{.ecuOpen = true}, "toolbar tree save names function detect"},
+      {{.edited = true}, "toolbar tree detect"},
+      {{.creating = true}, "name panel"},
+      {{.ecuOpen = true, .creating = true, .edited = true, .changingFunction = true,
+        .httpAddress = true, .projectsKnown = true, .itemsNotKept = true},
+       "name panel"},
+      {{.ecuOpen = true}, "toolbar tree save name group function detect"},
+      {{.ecuOpen = true, .edited = true}, "toolbar tree save cancel name group function detect"},
       {{.ecuOpen = true, .projectsKnown = true},
-       "toolbar tree save names projects function detect"},
-      {{.ecuOpen = true, .httpAddress = true}, "toolbar tree save names function link detect"},
-      {{.ecuOpen = true, .functionChosen = true}, "toolbar tree save names function detect"},
+       "toolbar tree save name group projects function detect"},
+      {{.ecuOpen = true, .httpAddress = true}, "toolbar tree save name group function link detect"},
+      {{.ecuOpen = true, .functionChosen = true}, "toolbar tree save name group function detect"},
       {{.ecuOpen = true, .changingFunction = true},
-       "toolbar tree save names function change detect"},
+       "toolbar tree save name group function change detect"},
       {{.ecuOpen = true, .changingFunction = true, .functionChosen = true},
-       "toolbar tree save names function change ok detect"},
-      {{.ecuOpen = true, .itemsNotKept = true}, "toolbar tree save names function detect report"},
+       "toolbar tree save name group function change ok detect"},
+      {{.ecuOpen = true, .itemsNotKept = true}, "toolbar tree save name group function detect report"},
   };
   for (const Row& row : rows)
     EXPECT_EQ(row.controls, namesOf(controlsFor(row.state))) << &row - rows;

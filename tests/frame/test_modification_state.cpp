@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 
 namespace kelmar::frame {
@@ -24,6 +25,7 @@ class NotedSurface : public FrameSurface {
   std::optional<std::string> name = "Engine";
   bool saves = true;
   bool applies = false;
+  std::function<void()> onTest; ///< what the page does while it is asked
 
   NotedSurface() { scripted.recordInto(recorder); }
 
@@ -45,6 +47,8 @@ class NotedSurface : public FrameSurface {
   std::optional<std::string> targetName() const override { return name; }
   bool testAndConfirmChange(const PageRow& row) override {
     recorder.note("test " + std::string(row.key));
+    if (onTest)
+      onTest();
     return applies;
   }
   platform::Person& person() override { return scripted; }
@@ -197,7 +201,15 @@ TEST_F(Modification, SaveOfTheParametersThatFailsLeavesTheFileUnsaved) {
   EXPECT_EQ(take(), (Events{"saveFile", "saveNeed"}));
   EXPECT_TRUE(state.saveNeeded());
   EXPECT_EQ(caption("database"), "ECU - Not saved -");
-  EXPECT_EQ(state.pageChangeCount(), 0);
+}
+
+TEST_F(Modification, CancelElsewhereLeavesParametersThatCouldNotBeSavedUnsaved) {
+  surface.saves = false;
+  state.OnChange(row("UCEparam"));
+  state.OnSave(row("UCEparam"), true);
+  state.OnChange(row("database"));
+  state.OnCancel(row("database"));
+  EXPECT_TRUE(state.saveNeeded());
 }
 
 TEST_F(Modification, SaveOfTheLabelsOnlyUnmarks) {
@@ -315,25 +327,44 @@ TEST_F(Modification, SaveThatFailsOnLeavingKeepsTheUnsavedState) {
   surface.saves = false;
   state.SetSaveNeed(true);
   take();
-  state.ConfirmLeavePage(row("datas").index, true); // and asks no second time
+  EXPECT_FALSE(state.ConfirmLeavePage(row("datas").index, true)); // and asks no second time
   EXPECT_EQ(take(), (Events{"test datas", "saveFile"}));
   EXPECT_TRUE(state.saveNeeded());
+}
+
+TEST_F(Modification, LeavingAPageThatFailedToSaveByItselfSavesNoSecondTime) {
+  surface.applies = true;
+  surface.saves = false;
+  surface.onTest = [this] { state.OnSave(row("UCEparam"), true); };
+  EXPECT_FALSE(state.ConfirmLeavePage(row("UCEparam").index, false));
+  EXPECT_EQ(take(), (Events{"test UCEparam", "saveFile", "saveNeed"}));
+  surface.onTest = {};
+  EXPECT_FALSE(state.ConfirmLeavePage(row("datas").index, false));
+  EXPECT_EQ(take(), (Events{"test datas", "saveFile"}));
 }
 
 TEST_F(Modification, AskingSavesOnYes) {
   state.SetSaveNeed(true);
   take();
   expectSaveQuestion(platform::Answer::Yes);
-  state.ConfirmLeavePage(0, true);
+  EXPECT_TRUE(state.ConfirmLeavePage(0, true));
   EXPECT_EQ(take(), (Events{"box Confirm save: Engine change.\r\nSave Change ? ", "saveFile",
                             "noSaveNeed"}));
+}
+
+TEST_F(Modification, AskingTellsThatWhatWasToBeSavedIsNot) {
+  state.SetSaveNeed(true);
+  surface.saves = false;
+  expectSaveQuestion(platform::Answer::Yes);
+  EXPECT_FALSE(state.ConfirmLeavePage(0, true));
+  EXPECT_TRUE(state.saveNeeded());
 }
 
 TEST_F(Modification, AskingSavesNothingOnNo) {
   state.SetSaveNeed(true);
   take();
   expectSaveQuestion(platform::Answer::No);
-  state.ConfirmLeavePage(0, true);
+  EXPECT_TRUE(state.ConfirmLeavePage(0, true));
   EXPECT_EQ(take(), (Events{"box Confirm save: Engine change.\r\nSave Change ? "}));
   EXPECT_TRUE(state.saveNeeded());
 }
@@ -348,11 +379,11 @@ TEST_F(Modification, AskingAlsoComesAfterAPageThatAppliedNothing) {
 }
 
 TEST_F(Modification, NobodyIsAskedWithoutAnEcuOrWithNothingToSave) {
-  state.ConfirmLeavePage(0, true);
+  EXPECT_TRUE(state.ConfirmLeavePage(0, true));
   surface.name.reset();
   state.SetSaveNeed(true);
   take();
-  state.ConfirmLeavePage(0, true);
+  EXPECT_TRUE(state.ConfirmLeavePage(0, true));
   EXPECT_EQ(take(), Events{});
 }
 

@@ -185,6 +185,7 @@ TEST_F(SavingTest, Edits_AreTakenBackByACancel) {
   database.ImportUceFromXml(file);
   const std::string before = database.ecuFileBytes();
   SelectorEdits edits;
+  EXPECT_FALSE(edits.any());
   edits.setName(database, "  Other   name ");
   edits.setName(database, "Third");
   edits.setGroup(database, " Group ");
@@ -196,8 +197,26 @@ TEST_F(SavingTest, Edits_AreTakenBackByACancel) {
   EXPECT_EQ("Third", database.ActiveTarget->name());
   EXPECT_EQ("Group", database.ActiveTarget->Group());
   EXPECT_NE(before, database.ecuFileBytes());
+  EXPECT_TRUE(edits.any());
   edits.takeBack(database);
   EXPECT_EQ(before, database.ecuFileBytes());
+  EXPECT_FALSE(edits.any());
+}
+
+TEST_F(SavingTest, Edits_OfAnyKindAreThereToBeTakenBack) {
+  database.NewTarget()->setName("First");
+  const std::function<void(SelectorEdits&)> kinds[] = {
+      [this](SelectorEdits& edits) { edits.setName(database, "Second"); },
+      [this](SelectorEdits& edits) { edits.setGroup(database, "Group"); },
+      [this](SelectorEdits& edits) { edits.setFunction(database, {300, "12C", "Own", 1, 2}); },
+      [this](SelectorEdits& edits) { edits.setLogicalAddress(database, "F"); },
+      [this](SelectorEdits& edits) { edits.setProjects(database, {}); },
+  };
+  for (const auto& edit : kinds) {
+    SelectorEdits edits;
+    edit(edits);
+    EXPECT_TRUE(edits.any()) << &edit - kinds;
+  }
 }
 
 TEST_F(SavingTest, Edits_KeepWhatOtherPagesChanged) {

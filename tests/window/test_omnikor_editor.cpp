@@ -4,6 +4,7 @@
 
 #include "base/failure.h"
 #include "base/version.h"
+#include "frame/ecu_selector.h"
 #include "platform/files.h"
 #include "platform/site_settings.h"
 #include "support/machine_doubles.h"
@@ -13,10 +14,13 @@
 #include "support/test_page.h"
 #include "support/user.h"
 
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTest>
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -463,12 +467,74 @@ TEST_F(Editor, NewEcuDisablesTheTabs) {
   EXPECT_FALSE(tabBar->isEnabled());
 }
 
+TEST_F(Editor, NewEcuLeavesNothingUnsavedBehindItsSave) {
+  makeOpen({});
+  support::retype(support::usable<QLineEdit>(*editor, "TxEcuName"), "Engine two");
+  support::press(support::usable<QLineEdit>(*editor, "TxEcuName"), Qt::Key_N, Qt::ControlModifier);
+  EXPECT_NE(support::bytesOf(site.engine()).find("Engine two"), std::string::npos);
+  support::click(support::usable<QPushButton>(*editor, "cbCancel"));
+  EXPECT_FALSE(editor->saveNeeded());
+  EXPECT_EQ(caption("database"), "ECU");
+}
+
+TEST_F(Editor, NewEcuIsUnsavedWhateverIsCancelled) {
+  makeOpen({});
+  support::press(support::usable<QLineEdit>(*editor, "TxEcuName"), Qt::Key_N, Qt::ControlModifier);
+  support::usable<QComboBox>(*editor, "cbFct").setCurrentIndex(0);
+  support::click(support::usable<QPushButton>(*editor, "cbCreate"));
+  EXPECT_THROW(support::usable<QToolButton>(*editor, "cancel"), std::runtime_error);
+  support::retype(support::usable<QLineEdit>(*editor, "TxEcuName"), "Other");
+  support::click(support::usable<QToolButton>(*editor, "cancel"));
+  EXPECT_TRUE(editor->saveNeeded());
+  EXPECT_EQ(caption("database"), "New ECU - Not saved -");
+}
+
+TEST_F(Editor, NothingOfTheFirstPageTakesAnotherPagesWorkForUndone) {
+  makeOpen({"datas"});
+  emit pages["datas"]->OnChange();
+  EXPECT_THROW(support::usable<QToolButton>(*editor, "cancel"), std::runtime_error);
+  EXPECT_EQ(caption("database"), "ECU - Not saved -");
+}
+
+TEST_F(Editor, EditsOfTheNameAroundATabChangeAreOneModification) {
+  makeOpen({"datas"});
+  for (const char* name : {"Engine two", "Engine three"}) {
+    support::retype(support::usable<QLineEdit>(*editor, "TxEcuName"), name);
+    click("datas");
+    click("database");
+  }
+  EXPECT_EQ(nameOfEcu(), "Engine three");
+  support::click(support::usable<QToolButton>(*editor, "cancel"));
+  EXPECT_EQ(nameOfEcu(), "Engine");
+  EXPECT_EQ(caption("database"), "ECU");
+}
+
+TEST_F(Editor, WorkThatWasToBeSavedAndIsNotStaysOpen) {
+  const std::string other = site.folder().write("other.xml", support::smallEcu("Other"));
+  makeOpen({});
+  support::retype(support::usable<QLineEdit>(*editor, "TxEcuName"), "Engine two");
+  const std::string vehicles = site.file("vehicles/Tern"), away = site.file("vehicles/Away");
+  std::filesystem::rename(vehicles, away);
+  person.expect("", "Confirm save", "Engine change.\r\nSave Change ? ", platform::Buttons::YesNo,
+                platform::Icon::Question, platform::Answer::Yes);
+  person.expect("SELECTOR/MSG/fileSaveError/text", "Save error",
+                "File '" + site.engine() + "' badly saved. Check disk size, name, ...",
+                platform::Buttons::Ok, platform::Icon::Critical, platform::Answer::Ok);
+  emit support::control<ecuSelector>(*editor, "ecuSelector1")
+      .fileChosen(QString::fromStdString(other));
+  EXPECT_EQ(nameOfEcu(), "Engine two");
+  EXPECT_EQ(caption("database"), "ECU - Not saved -");
+  std::filesystem::rename(away, vehicles);
+}
+
 TEST_F(Editor, UnsavedWorkIsAskedAboutBeforeAnotherFile) {
   makeOpen({});
   emit editor->selector().OnChange();
   person.expect("", "Confirm save", "Engine change.\r\nSave Change ? ", platform::Buttons::YesNo,
                 platform::Icon::Question, platform::Answer::No);
-  emit editor->selector().CheckIfSaveNeeded();
+  bool mayGoOn = false;
+  emit editor->selector().CheckIfSaveNeeded(mayGoOn);
+  EXPECT_TRUE(mayGoOn);
   EXPECT_TRUE(person.allAsked());
   EXPECT_TRUE(editor->saveNeeded());
 }

@@ -119,9 +119,25 @@ TEST_F(ParametersInEditor, ThatCouldNotBeSavedAreAskedAboutBeforeAnotherEcuOpens
   goTo(0);
   person.expect("", "Confirm save", "Engine change.\r\nSave Change ? ", platform::Buttons::YesNo,
                 platform::Icon::Question, platform::Answer::Yes);
-  emit editor->selector().CheckIfSaveNeeded();
+  bool mayGoOn = false;
+  emit editor->selector().CheckIfSaveNeeded(mayGoOn);
+  EXPECT_TRUE(mayGoOn);
   EXPECT_NE(bytesOf(site.engine()).find("email=\"a@b.example\""), std::string::npos);
   EXPECT_EQ(caption(0), "ECU");
+}
+
+TEST_F(ParametersInEditor, ThatCannotBeSavedAreTriedOnceWhenTheTabIsLeft) {
+  retype(field("txtEmail"), "a@b.example");
+  std::filesystem::rename(site.file("vehicles/Tern"), site.file("vehicles/Away"));
+  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
+                "Parameters changed, save change ?", platform::Buttons::YesNo,
+                platform::Icon::Question, platform::Answer::Yes);
+  person.expect("SELECTOR/MSG/fileSaveError/text", "Save error",
+                "File '" + site.engine() + "' badly saved. Check disk size, name, ...",
+                platform::Buttons::Ok, platform::Icon::Critical, platform::Answer::Ok);
+  goTo(0);
+  EXPECT_EQ(caption(0), "ECU - Not saved -");
+  EXPECT_EQ(caption(1), "Parameters");
 }
 
 TEST_F(ParametersInEditor, LeaveNoMarkBehindWhenTheirChangesAreDropped) {

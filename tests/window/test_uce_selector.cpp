@@ -47,7 +47,7 @@ TEST_F(UceSelectorTest, StartsEmptyWithItsVersionAndProtocols) {
 TEST_F(UceSelectorTest, Open_AsksChecksAndShowsTheEcu) {
   expectOpenDialog(engine);
   pressButton("Open");
-  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded()", "file Open database",
+  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded(bool&)", "file Open database",
                     "UceSelector1.UceSelected(false)", "UceSelector1.UceSelected(true)"}),
             recorder.take());
   EXPECT_EQ("Engine D12", textOf("TxEcuName"));
@@ -66,7 +66,7 @@ TEST_F(UceSelectorTest, Open_CancelledLeavesTheOpenEcu) {
   open(engine);
   expectOpenDialog(std::nullopt);
   choose("Open", "Open");
-  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded()", "file Open database"}), recorder.take());
+  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded(bool&)", "file Open database"}), recorder.take());
   EXPECT_EQ("Engine D12", textOf("TxEcuName"));
 }
 
@@ -150,7 +150,7 @@ TEST_F(UceSelectorTest, RecentFiles_StandBelowTheFirstTwoEntriesAndOpen) {
   EXPECT_TRUE(actions[1]->isSeparator());
   EXPECT_EQ("k1", desktop::u8(actions[2]->objectName()));
   choose("Open", "k1");
-  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded()", "UceSelector1.UceSelected(false)",
+  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded(bool&)", "UceSelector1.UceSelected(false)",
                     "UceSelector1.UceSelected(true)"}),
             recorder.take());
 }
@@ -173,7 +173,7 @@ TEST_F(UceSelectorTest, Drop_OpensTheFirstFile) {
   QDropEvent event(QPointF(5, 5), Qt::CopyAction, &drop, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(page.get(), &event);
   ASSERT_TRUE(waitUntil([this] { return page->fileName() == engine; }));
-  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded()", "UceSelector1.UceSelected(false)",
+  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded(bool&)", "UceSelector1.UceSelected(false)",
                     "UceSelector1.UceSelected(true)"}),
             recorder.take());
 }
@@ -210,6 +210,79 @@ TEST_F(UceSelectorTest, Cancel_DropsTheEditsAndAnnounces) {
   EXPECT_EQ("Engine D12", target()->name());
   retype(the("TxEcuName"), "Again");
   EXPECT_EQ((Events{"UceSelector1.OnChange()"}), recorder.take());
+}
+
+TEST_F(UceSelectorTest, Cancel_IsThereOnlyWhileSomethingIsPending) {
+  open(engine);
+  auto& cancel = control<QToolButton>(the<QToolBar>("TBtoolbar"), "cancel");
+  EXPECT_FALSE(cancel.isEnabled());
+  type(the("TxEcuName"), "x");
+  EXPECT_TRUE(cancel.isEnabled());
+  pressButton("Save");
+  EXPECT_FALSE(cancel.isEnabled());
+  the<QListWidget>("lstProjects").item(1)->setCheckState(Qt::Checked);
+  EXPECT_TRUE(cancel.isEnabled());
+  pressButton("cancel");
+  EXPECT_FALSE(cancel.isEnabled());
+  page->GetLogicalAddressFromAddressingFile();
+  EXPECT_TRUE(cancel.isEnabled());
+}
+
+TEST_F(UceSelectorTest, Edits_AroundATabChangeAreOne) {
+  open(engine);
+  retype(the("TxEcuName"), "First");
+  the("txGenericName").setFocus();
+  page->displayDatas();
+  retype(the("TxEcuName"), "Second");
+  EXPECT_EQ((Events{"UceSelector1.OnChange()"}), recorder.take());
+  pressButton("cancel");
+  EXPECT_EQ("Engine D12", target()->name());
+  EXPECT_EQ("Engine D12", textOf("TxEcuName"));
+}
+
+TEST_F(UceSelectorTest, Edits_OfOneEcuAreNoneOfTheNext) {
+  open(engine);
+  retype(the("TxEcuName"), "Typed");
+  open(site.file("vehicles/Tern/Other.xml"));
+  EXPECT_EQ("Other", textOf("TxEcuName"));
+  EXPECT_FALSE(control<QToolButton>(the<QToolBar>("TBtoolbar"), "cancel").isEnabled());
+}
+
+TEST_F(UceSelectorTest, Open_LeavesTheKeyboardInTheNameWhereItWas) {
+  open(engine);
+  the("TxEcuName").setFocus();
+  expectOpenDialog(site.file("vehicles/Tern/Other.xml"));
+  press(the("TxEcuName"), Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ("Other", textOf("TxEcuName"));
+  EXPECT_TRUE(the("TxEcuName").hasFocus());
+  the("txdFunc").setFocus();
+  open(engine);
+  EXPECT_TRUE(the("txdFunc").hasFocus());
+}
+
+TEST_F(UceSelectorTest, Open_IsGivenUpWhereUnsavedWorkCouldNotBeSaved) {
+  open(engine);
+  page->InitMenu();
+  QObject::connect(page.get(), &UceSelector::CheckIfSaveNeeded, page.get(),
+                   [](bool& mayGoOn) { mayGoOn = false; });
+  const Events asked{"UceSelector1.CheckIfSaveNeeded(bool&)"};
+  pressButton("Open");
+  EXPECT_EQ(asked, recorder.take());
+  choose("Open", "k1");
+  EXPECT_EQ(asked, recorder.take());
+  emit tree().fileChosen(desktop::qs(site.file("vehicles/Tern/Other.xml")));
+  EXPECT_EQ(asked, recorder.take());
+  QMimeData drop;
+  drop.setUrls({QUrl::fromLocalFile(desktop::qs(site.file("vehicles/Tern/Other.xml")))});
+  QDragEnterEvent enter({5, 5}, Qt::CopyAction, &drop, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(page.get(), &enter);
+  QDropEvent event(QPointF(5, 5), Qt::CopyAction, &drop, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(page.get(), &event);
+  Events seen;
+  ASSERT_TRUE(waitUntil([&] { return !(seen = recorder.take()).empty(); }));
+  EXPECT_EQ(asked, seen);
+  EXPECT_EQ("Engine D12", target()->name());
+  EXPECT_EQ(engine, page->fileName());
 }
 
 TEST_F(UceSelectorTest, Save_WritesTheFileThenAnnounces) {
@@ -293,6 +366,17 @@ TEST_F(UceSelectorTest, Backup_IsMadeOnceAnOpening) {
   open(engine);
   page->saveBackupFile();
   EXPECT_EQ(bytesOf(engine), bytesOf(engine + ".bak"));
+}
+
+TEST_F(UceSelectorTest, Backup_ThatFailedIsNotMadeOfAFileSavedSince) {
+  open(engine);
+  std::filesystem::create_directory(engine + ".bak");
+  page->saveBackupFile();
+  std::filesystem::remove(engine + ".bak");
+  retype(the("TxEcuName"), "Typed");
+  EXPECT_TRUE(page->saveFile());
+  page->saveBackupFile();
+  EXPECT_FALSE(std::filesystem::exists(engine + ".bak"));
 }
 
 TEST_F(UceSelectorTest, Report_StandsUnderTheSummaryUntilTheFileIsSaved) {

@@ -31,7 +31,7 @@ class UceSelectorTree : public SelectorPage {
 
 TEST_F(UceSelectorTree, FileChosen_OpensALocalFile) {
   choose(engine);
-  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded()", "UceSelector1.UceSelected(false)",
+  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded(bool&)", "UceSelector1.UceSelected(false)",
                     "UceSelector1.UceSelected(true)"}),
             recorder.take());
   EXPECT_EQ(engine, page->fileName());
@@ -79,6 +79,22 @@ TEST_F(UceSelectorTree, FunctionAddress_GoesToTheSearch) {
 TEST_F(UceSelectorTree, DataSet_IsPassedOn) {
   emit tree().dataSetChanged(QStringLiteral("Another"));
   EXPECT_EQ((Events{"UceSelector1.DatabaseChanged(All, Another)"}), recorder.take());
+}
+
+TEST_F(UceSelectorTree, DataSet_IsToldTogetherWithTheOneBefore) {
+  site.write("parameters.xml", R"(<site name="Small" key="S">
+      <dataSets><dataSet label="All" folder="vehicles"/><dataSet label="Second" folder="vehicles"/>
+      <dataSet label="Third" folder="vehicles"/></dataSets></site>)");
+  tree().reload();
+  recorder.take();
+  auto& sets = control<QComboBox>(tree(), "cbDataSet");
+  for (const int index : {1, 2}) {
+    sets.setCurrentIndex(index);
+    emit sets.activated(index);
+  }
+  EXPECT_EQ((Events{"UceSelector1.DatabaseChanged(All, Second)",
+                    "UceSelector1.DatabaseChanged(Second, Third)"}),
+            recorder.take());
 }
 
 TEST_F(UceSelectorTree, Reload_ReadsTheProjectsAgainAndKeepsTheMarks) {
@@ -181,6 +197,8 @@ TEST_F(UceSelectorCreation, New_ShowsThePanelAndLocksTheRest) {
   EXPECT_FALSE(target());
   EXPECT_EQ("New ECU", textOf("TxEcuName"));
   EXPECT_EQ("", textOf("txGenericName"));
+  EXPECT_TRUE(the("TxEcuName").isEnabled());
+  EXPECT_FALSE(the("txGenericName").isEnabled()) << "a new ECU is of no group";
   EXPECT_EQ("", labelOf("lbFileName"));
   EXPECT_TRUE(panel().isVisible());
   EXPECT_FALSE(the<QToolBar>("TBtoolbar").isEnabled());
@@ -226,6 +244,7 @@ TEST_F(UceSelectorCreation, Cancel_LeavesNoEcu) {
   EXPECT_TRUE(the<QWidget>("framProjects").isVisible());
   EXPECT_FALSE(panel().isVisible());
   EXPECT_FALSE(target());
+  EXPECT_TRUE(tree().isAncestorOf(page->focusWidget())) << "where another one is chosen";
 }
 
 TEST_F(UceSelectorCreation, Create_MakesAnEcuThatCanBeSaved) {
@@ -237,6 +256,8 @@ TEST_F(UceSelectorCreation, Create_MakesAnEcuThatCanBeSaved) {
   click(the<QPushButton>("cbCreate"));
   EXPECT_EQ((Events{"UceSelector1.UceSelected(true)", "UceSelector1.OnChange()"}), recorder.take());
   EXPECT_EQ("Brakes ABS", textOf("TxEcuName"));
+  EXPECT_TRUE(the("TxEcuName").hasFocus());
+  EXPECT_FALSE(control<QToolButton>(the<QToolBar>("TBtoolbar"), "cancel").isEnabled());
   EXPECT_EQ("02C", textOf("TextAdresse"));
   EXPECT_EQ("2C", textOf("TextLogicalAdresse"));
   EXPECT_EQ("Brakes", textOf("TextFunction"));
@@ -386,6 +407,26 @@ TEST_F(UceSelectorDetect, Detect_WithoutMatchSaysSo) {
   click(the<QPushButton>("cbDetect"));
   EXPECT_EQ("", textOf("txdHref"));
   EXPECT_EQ("No match", labelOf("lbResult"));
+}
+
+TEST_F(UceSelectorDetect, Detect_OfWhatIsNoNumberFindsNothing) {
+  const std::string zero = ecu("Zero");
+  site.write("vehicles/Tern/Engine.xml", [&] {
+    std::string text = zero;
+    return text.replace(text.find("Address=\"122\""), 13, "Address=\"0\"");
+  }());
+  tree().reload();
+  page->updateDetect("0", "1", "4", "SUP", "0100", "01");
+  click(the<QPushButton>("cbDetect"));
+  EXPECT_NE("", textOf("txdHref"));
+  for (const auto& [function, diagVersion] :
+       {std::pair("99999999999", "4"), std::pair("x", "4"), std::pair("", "4"),
+        std::pair("0", "99999999999"), std::pair("0", "")}) {
+    page->updateDetect(function, "1", diagVersion, "SUP", "0100", "01");
+    click(the<QPushButton>("cbDetect"));
+    EXPECT_EQ("", textOf("txdHref")) << function << "/" << diagVersion;
+    EXPECT_EQ("No match", labelOf("lbResult")) << function << "/" << diagVersion;
+  }
 }
 
 TEST_F(UceSelectorDetect, UpdateDetect_FillsThePanelAndForgetsTheResult) {

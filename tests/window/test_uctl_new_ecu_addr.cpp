@@ -8,10 +8,12 @@
 #include "support/temp_folder.h"
 #include "support/user.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -132,6 +134,20 @@ TEST_F(NewEcuPanel, CancelsByButtonAndEscape) {
   the("txAddr").setFocus();
   press(the("txAddr"), Qt::Key_Escape);
   EXPECT_EQ((Events{"UctlNewEcuAddr1.cancel()"}), recorder.take());
+}
+
+TEST_F(NewEcuPanel, EscapeInTheOpenListClosesTheListAlone) {
+  functions().setFocus();
+  functions().showPopup();
+  const auto listShown = [this] { return functions().view()->isVisible(); };
+  ASSERT_TRUE(waitUntil(listShown));
+  QProcess::execute("xdotool", {"key", "Escape"});
+  ASSERT_TRUE(waitUntil([&] { return !listShown(); }));
+  EXPECT_EQ((Events{}), recorder.take());
+  QProcess::execute("xdotool", {"key", "Escape"});
+  Events seen;
+  EXPECT_TRUE(waitUntil([&] { return !(seen = recorder.take()).empty(); }));
+  EXPECT_EQ((Events{"UctlNewEcuAddr1.cancel()"}), seen);
 }
 
 TEST_F(NewEcuPanel, FileThatCannotBeReadIsToldWithItsReason) {

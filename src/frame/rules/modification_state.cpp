@@ -73,12 +73,15 @@ void ModificationState::OnSave(const PageRow& row, bool toFile) {
   MarkTabModified(row, true);
   if (row.kind == PageKind::Labels)
     return;
-  if (row.kind == PageKind::Counted && !toFile)
+  if (row.kind == PageKind::Counted && !toFile) {
     NotePageChange(); // the edit is in the database now, and not in the file
-  else if (SaveDatabaseFile())
+    return;
+  }
+  saveFailed_ = !SaveDatabaseFile();
+  if (!saveFailed_)
     ClearPageChanges();
   else if (row.kind == PageKind::Parameter)
-    SetSaveNeed(true); // its changes are not counted, but now the database has what the file lacks
+    NotePageChange(); // not counted before, but now the database has what the file lacks
 }
 
 void ModificationState::OnCancel(const PageRow& row) {
@@ -87,32 +90,32 @@ void ModificationState::OnCancel(const PageRow& row) {
     NotePageCancel();
 }
 
-void ModificationState::ConfirmLeavePage(int currentPage, bool ask) {
-  bool mayAsk = true;
+bool ModificationState::ConfirmLeavePage(int currentPage, bool ask) {
   const PageRow* row = rowOfIndex(currentPage);
   if (row && row->kind != PageKind::Selector && row->kind != PageKind::Check) {
+    saveFailed_ = false;
     // Labels are not asked: what they hold is no part of this file.
     const bool applied = row->kind == PageKind::Labels || surface_.testAndConfirmChange(*row);
-    if (applied && saveNeeded_) {
-      mayAsk = false;
-      saveAndClear();
-    }
+    // A page that has just failed to save by itself has told why.
+    if (applied && saveNeeded_)
+      return !saveFailed_ && saveAndClear();
   }
-  if (!ask || !mayAsk || !saveNeeded_)
-    return;
+  if (!ask || !saveNeeded_)
+    return true;
   const std::optional<std::string> name = surface_.targetName();
   if (!name)
-    return;
+    return true;
   const platform::Box box{"", "Confirm save", *name + " change.\r\nSave Change ? ",
                           platform::Buttons::YesNo, platform::Icon::Question};
-  if (surface_.person().message(box) == platform::Answer::Yes)
-    saveAndClear();
+  return surface_.person().message(box) != platform::Answer::Yes || saveAndClear();
 }
 
 // The count of open modifications stays on purpose: only a save that a page asked for clears it.
-void ModificationState::saveAndClear() {
-  if (surface_.saveFile())
-    SetSaveNeed(false);
+bool ModificationState::saveAndClear() {
+  if (!surface_.saveFile())
+    return false;
+  SetSaveNeed(false);
+  return true;
 }
 
 } // namespace kelmar::frame

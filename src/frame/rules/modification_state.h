@@ -56,14 +56,15 @@ class ModificationState {
   void OnCancel(const PageRow& row);
 
   /// Lets the page that is being left take over its edits. `ask` adds the question whether to save
-  /// what was not saved by that.
-  void ConfirmLeavePage(int currentPage, bool ask);
+  /// what was not saved by that. False when something was to be saved and could not be.
+  bool ConfirmLeavePage(int currentPage, bool ask);
 
  private:
-  void saveAndClear();
+  bool saveAndClear();
 
   FrameSurface& surface_;
   bool saveNeeded_ = false;
+  bool saveFailed_ = false; // the last one that a page asked for
   std::int32_t pageChangeCount_ = 0;
   std::set<const PageRow*> marked_; // rows of the page table
 };

@@ -26,6 +26,8 @@ class SelectorEdits {
   void setLogicalAddress(OmnikorLibXml& database, const std::string& logicalAddress);
   void setProjects(OmnikorLibXml& database, const ProjectList& projects);
 
+  /// There is something to take back.
+  bool any() const { return name_ || group_ || function_ || projects_; }
   /// Gives the ECU what it had; changes that other pages made to other fields stay.
   void takeBack(OmnikorLibXml& database);
   /// The ECU is saved, or another one.

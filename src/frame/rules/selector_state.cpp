@@ -10,8 +10,10 @@ SelectorControls controlsFor(const SelectorState& state) {
   controls.TBtoolbar = !state.creating;
   controls.ecuSelector1 = !state.creating;
   controls.save = open;
-  // A new ECU is given its name while its address is chosen.
-  controls.names = open || state.creating;
+  controls.cancel = open && state.edited;
+  // A new ECU is given its name while its address is chosen; its group is empty.
+  controls.TxEcuName = open || state.creating;
+  controls.txGenericName = open;
   controls.lstProjects = open && state.projectsKnown;
   controls.LabelFunction = open;
   controls.cmdLinkNewPDM = open && state.httpAddress;

@@ -8,6 +8,7 @@ namespace kelmar {
 struct SelectorState {
   bool ecuOpen = false;          ///< there is an ECU, and its load did not fail
   bool creating = false;         ///< the panel of a new ECU is shown
+  bool edited = false;           ///< the first page has changes that are not saved
   bool changingFunction = false; ///< the choice of a function is shown
   bool functionChosen = false;   ///< one of its entries is selected
   bool httpAddress = false;      ///< the open ECU came from an "http:" address
@@ -19,8 +20,10 @@ struct SelectorState {
 struct SelectorControls {
   bool TBtoolbar = false;     ///< enabled
   bool ecuSelector1 = false;  ///< enabled
-  bool save = false;          ///< the buttons `Save` and `cancel`, and the summary's fields
-  bool names = false;         ///< TxEcuName and txGenericName
+  bool save = false;          ///< the button `Save`
+  bool cancel = false;        ///< the button `cancel`
+  bool TxEcuName = false;     ///< enabled
+  bool txGenericName = false; ///< enabled
   bool lstProjects = false;   ///< enabled
   bool LabelFunction = false; ///< offers its menu
   bool cmdLinkNewPDM = false; ///< enabled
