@@ -3,12 +3,10 @@
 #include "database/data_liste_item.h"
 
 #include "base/conversions.h"
-#include "database/data_liste_items_bulk.h"
 #include "database/load_members.h"
 #include "database/omnikor_lib_xml.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace kelmar {
 
@@ -81,38 +79,6 @@ DataListeItem* DataListeItems::AddDataUnSorted(Pointer item) {
 
 void DataListeItems::AddAll(std::vector<Pointer> items) {
   for (Pointer& item : items) append(std::move(item));
-}
-
-std::shared_ptr<DataListeItems> sortedListOf(const std::vector<DataListeItems::Pointer>& items,
-                                             std::optional<Failure>& refused) {
-  std::vector<DataListeItems::Pointer> order;
-  order.reserve(items.size());
-  std::unordered_map<std::int32_t, const DataListeItem*> ofValue;
-  std::unordered_map<std::string, const DataListeItem*> ofLabel;
-  for (const DataListeItems::Pointer& item : items) {
-    const auto sameValue = ofValue.find(item->Valeur);
-    const auto sameLabel = ofLabel.find(item->libelle);
-    if (sameValue != ofValue.end() || sameLabel != ofLabel.end()) {
-      if (refused) continue;
-      // Of two members that are in the way the first one is told.
-      const auto first = std::find_if(order.begin(), order.end(), [&](const auto& member) {
-        return (sameValue != ofValue.end() && member.get() == sameValue->second) ||
-               (sameLabel != ofLabel.end() && member.get() == sameLabel->second);
-      });
-      refused.emplace(duplicateOf(*item, **first));
-      continue;
-    }
-    ofValue.emplace(item->Valeur, item.get());
-    ofLabel.emplace(item->libelle, item.get());
-    order.push_back(item);
-    // In a list that began empty the greatest value is always the last one, so that it is the last
-    // one greater than any other.
-    if (order.size() > 1 && item->Valeur < order[order.size() - 2]->Valeur)
-      std::swap(order.back(), order[order.size() - 2]);
-  }
-  auto list = std::make_shared<DataListeItems>();
-  list->AddAll(std::move(order));
-  return list;
 }
 
 DataListeItem* DataListeItems::ItemValue(std::int32_t value) const {

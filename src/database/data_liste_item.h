@@ -38,7 +38,7 @@ class DataListeItems : public Items<DataListeItem> {
   DataListeItem* AddData(Pointer item);
   /// Appends. Raises 1 as AddData does.
   DataListeItem* AddDataUnSorted(Pointer item);
-  /// Appends items of which the caller knows that no value and no label stands twice.
+  /// Appends the items as they are, also where a value or a label stands twice.
   void AddAll(std::vector<Pointer> items);
   DataListeItem* ItemValue(std::int32_t value) const;
   /// Without regard to case.
