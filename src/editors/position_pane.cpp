@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 
 namespace kelmar {
 
@@ -57,10 +58,8 @@ PositionPane::PositionPane(platform::Person& person, PositionHost& host, QWidget
     if (!filling_) refreshCommands();
   });
   connect(ComboData, &QComboBox::textActivated, this, [this] { nameChosen(); });
-  connect(ValStartOctet, &ZEMnumeric::Change, this,
-          [this] { numberEdited(*ValStartOctet, active_ ? active_->StartOctet : 0); });
-  connect(ValStartBit, &ZEMnumeric::Change, this,
-          [this] { numberEdited(*ValStartBit, active_ ? active_->StartBit : 0); });
+  for (const ZEMnumeric* field : {ValStartOctet, ValStartBit})
+    connect(field, &ZEMnumeric::Change, this, [this] { numberEdited(); });
   connect(CheckLittleEndian, &QCheckBox::clicked, this, [this] { OnDataPosEdited(); });
   connect(CBadd, &QPushButton::clicked, this, [this] { guarded([this] { addOrModify(); }); });
   connect(DisplayRep, &DisplayResponse::MouseDown, this,
@@ -89,7 +88,7 @@ void PositionPane::makeControls() {
     field->setDiscreteInterval(1);
     field->setMaximumWidth(110);
   }
-  ValStartOctet->SetMinMax(1, DisplayResponse::mostBytes);
+  ValStartOctet->SetMinMax(1, std::numeric_limits<std::int32_t>::max());
   ValStartBit->SetMinMax(0, 7);
   ValStartBit->setBaseButtonVisible(false);
   CheckLittleEndian = named<QCheckBox>("CheckLittleEndian", this);
@@ -226,6 +225,7 @@ void PositionPane::setScreen_DataPos() {
 /// The frame and the bits of the placed data, as the items are.
 void PositionPane::drawView() {
   preview_ = nullptr;
+  drawn_.clear();
   const RequestItem* request = host_.activeRequest();
   DisplayRep->setForeColor(normalFore);
   DisplayRep->setBackColor(normalBack);
@@ -239,8 +239,9 @@ void PositionPane::drawView() {
     const DataItem* item = position.data();
     if (!item || row.outside) continue;
     try {
-      DisplayRep->AddData(item->NumberBits, position.StartOctet, position.StartBit,
-                          position.LittleEndian, {}, false, item->dataName());
+      drawn_[&position] =
+          DisplayRep->AddData(item->NumberBits, position.StartOctet, position.StartBit,
+                              position.LittleEndian, {}, false, item->dataName());
     } catch (const Failure&) {
       // A data that starts where no bit is has no place on the view.
     }
@@ -265,9 +266,9 @@ void PositionPane::showRows() {
   {
     filling_ = true;
     LVposdata->rows().setRows(std::move(tags));
-    SortByHeader(*LVposdata);
-    if (!wanted && !rows_.empty())
-      wanted = static_cast<DataPositionItem*>(LVposdata->rows().tagAt(0));
+    // The order in which they come, whatever header was clicked before; the header tells it.
+    SortListViewColumn(*LVposdata, PositionByteColumn + 1, 0, 0);
+    if (!wanted && !rows_.empty()) wanted = rows_.front().position;
     if (wanted) LVposdata->selectOnly(wanted);
     filling_ = false;
   }
@@ -334,10 +335,9 @@ void PositionPane::settle() {
 
 void PositionPane::selectPreview() {
   DisplayRep->UnselectAllData();
-  const DataItem* item = active_->data();
-  preview_ = item ? DisplayRep->SelectData(item->NumberBits, active_->StartOctet,
-                                           active_->StartBit)
-                  : nullptr;
+  const auto drawn = drawn_.find(active_);
+  preview_ = drawn == drawn_.end() ? nullptr : drawn->second;
+  if (preview_) preview_->Selected = true;
 }
 
 bool PositionPane::eventFilter(QObject* watched, QEvent* event) {
@@ -356,7 +356,8 @@ bool PositionPane::eventFilter(QObject* watched, QEvent* event) {
 
 void PositionPane::SetDataPosToScreen() {
   const EditState::Loading loading = edits_.load();
-  const int place = ComboData->findText(qs(active_->dataName),
+  const DataItem* item = active_->data(); // whose name may be written in another case
+  const int place = ComboData->findText(qs(item ? item->dataName() : active_->dataName),
                                         Qt::MatchExactly | Qt::MatchCaseSensitive);
   ComboData->setCurrentIndex(place);
   setNumber(*ValStartOctet, active_->StartOctet);
@@ -407,15 +408,22 @@ void PositionPane::setAdd(bool add) {
   refreshCommands();
 }
 
-void PositionPane::numberEdited(const ZEMnumeric& field, std::int32_t inItem) {
+/// The fields hold another placement than the item.
+bool PositionPane::isTyped() const {
+  return ValStartOctet->valueOfText() != active_->StartOctet ||
+         ValStartBit->valueOfText() != active_->StartBit ||
+         CheckLittleEndian->isChecked() != active_->LittleEndian;
+}
+
+void PositionPane::numberEdited() {
   if (edits_.loading()) return;
-  if (active_ && field.valueOfText() == inItem && !edits_.changed()) return;
+  if (active_ && !isOtherChosen() && !edits_.changed() && !isTyped()) return;
   OnDataPosEdited();
 }
 
 void PositionPane::OnDataPosEdited() {
   if (edits_.loading()) return;
-  if (active_ && !edits_.changed()) {
+  if (active_ && !isOtherChosen() && !edits_.changed()) {
     edits_.change();
     host_.positionsChanged(ListPage::Edited);
     refreshCommands();
@@ -435,17 +443,24 @@ void PositionPane::PreviewDataPos() {
 }
 
 void PositionPane::nameChosen() {
-  if (active_ && active_->dataName == fields().dataName) {
-    // Back from the name of a data that was to be added.
-    if (isAdding() && active_->data()) {
+  if (active_ && active_->data() && active_->data() == chosenData()) {
+    // Back from the name of a data that was to be added; what is typed is of this one now.
+    if (isAdding()) {
       drawView();
       selectPreview();
       setAdd(false);
-      PreviewDataPos();
+      if (isTyped()) OnDataPosEdited();
+      else PreviewDataPos();
     }
     return;
   }
+  // What was typed before is of the row, and asked about without the other name.
+  const int chosen = ComboData->currentIndex();
+  ComboData->setCurrentIndex(-1);
+  settle();
+  ComboData->setCurrentIndex(chosen);
   setAdd(true);
+  drawn_.erase(active_);
   if (preview_) DisplayRep->datas()->deleteItem(preview_);
   preview_ = nullptr;
   DisplayRep->UnselectAllData();
@@ -457,11 +472,20 @@ bool PositionPane::isAdding() const {
   return CBadd->property("tag").toString() == QLatin1String("ADD");
 }
 
+/// The fields are those of a data that is to be added, not those of the chosen row.
+bool PositionPane::isOtherChosen() const {
+  return isAdding() && ComboData->currentIndex() >= 0;
+}
+
+/// The data whose name stands in the fields.
+const DataItem* PositionPane::chosenData() const {
+  return host_.activeRequest() ? target().datas()->ItemName(u8(ComboData->currentText())) : nullptr;
+}
+
 /// Shows where the chosen data would lie.
 void PositionPane::addPreview() {
   const PositionFields now = fields();
-  const DataItem* item =
-      host_.activeRequest() ? target().datas()->ItemName(now.dataName) : nullptr;
+  const DataItem* item = chosenData();
   if (!item) return;
   try {
     preview_ = DisplayRep->AddData(item->NumberBits, std::max(now.StartOctet, 1), now.StartBit,
@@ -472,7 +496,7 @@ void PositionPane::addPreview() {
 }
 
 void PositionPane::GetDataPosFromScreen() {
-  if (!active_) return;
+  if (!active_ || isOtherChosen()) return;
   {
     const EditState::Loading loading = edits_.load();
     ValStartOctet->commitText();

@@ -107,14 +107,18 @@ class PositionPane : public QWidget {
   void SetDataPosToScreen();
   PositionFields fields() const;
   void setAdd(bool add);
-  void numberEdited(const ZEMnumeric& field, std::int32_t inItem);
+  bool isTyped() const;
+  void numberEdited();
   void OnDataPosEdited();
   void PreviewDataPos();
   void nameChosen();
   void addPreview();
+  const DataItem* chosenData() const;
   bool isAdding() const;
+  bool isOtherChosen() const;
   // position_pane_commands.cpp
   void makeCommands();
+  void orderToolBar();
   void bitPressed(int byte, int cell, int button);
   void selectBit(const FrameBit& bit);
   void chosen(const MenuEntry& entry);
@@ -130,6 +134,7 @@ class PositionPane : public QWidget {
   void changeEndian(bool toDefault);
   void replaceWith(const MenuEntry& entry);
   void created(DataPositionItem* position);
+  void redraw();
   void rebuild(int kind);
   PositionSelection selected() const;
   PositionPaneState state() const;
@@ -141,6 +146,7 @@ class PositionPane : public QWidget {
   EditState edits_; // guards are dataPosLoading, the mark is dataPosChanged
   DataPositionItem* active_ = nullptr;
   DisplayRespData* preview_ = nullptr;
+  std::unordered_map<const DataPositionItem*, DisplayRespData*> drawn_; // their bits on the view
   std::string lastDataName_;
   std::string shownName_; // of the row that stays chosen while the same frame is shown
   FrameBit clicked_;

@@ -60,6 +60,7 @@ void PositionPane::makeCommands() {
         .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
   commands_->fillToolBar(*TBPosData,
                          {"cancel", "save", "", "cut", "copy", "paste", "", "ref", "unref"});
+  orderToolBar();
 
   LVposdata->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(LVposdata, &QWidget::customContextMenuRequested, this, [this](QPoint where) {
@@ -77,6 +78,17 @@ void PositionPane::makeCommands() {
   });
 }
 
+/// The tabulator comes to the buttons where they stand: between the view and the fields.
+void PositionPane::orderToolBar() {
+  QWidget* before = DisplayRep;
+  for (QAction* action : TBPosData->actions()) {
+    if (action->isSeparator()) continue;
+    QWidget* button = TBPosData->widgetForAction(action);
+    setTabOrder(before, button);
+    before = button;
+  }
+}
+
 void PositionPane::refreshCommands() {
   if (commands_) commands_->refresh();
   CBadd->setEnabled(host_.activeRequest() != nullptr);
@@ -86,7 +98,7 @@ PositionPaneState PositionPane::state() const {
   return {.request = host_.activeRequest() != nullptr,
           .active = active_ != nullptr,
           .selected = static_cast<int>(LVposdata->selectedTags().size()),
-          .pending = edits_.changed() || (active_ && active_->data() && isAdding()),
+          .pending = edits_.changed() || (active_ && isOtherChosen()),
           .clipboardHasText = false};
 }
 
@@ -180,11 +192,14 @@ void PositionPane::created(DataPositionItem* position) {
   rebuild(ListPage::Pasted);
 }
 
-void PositionPane::rebuild(int kind) {
-  edits_.clear();
-  ClearDataPosScreen();
+void PositionPane::redraw() {
+  drop();
   host_.refreshRequest();
   setScreen_DataPos();
+}
+
+void PositionPane::rebuild(int kind) {
+  redraw();
   host_.positionsChanged(kind);
 }
 
@@ -239,7 +254,6 @@ void PositionPane::addOrModify() {
   wanted.StartOctet = std::max(wanted.StartOctet, 1); // an empty field shows 0
   const DataPositionItem* added = addByFields(*request, wanted, host_.sentShown(), person_);
   if (!added) return;
-  edits_.clear(); // what was typed is that of the new placement
   setLastDataName(added->dataName);
   host_.refreshRequest();
   setScreen_DataPos();
@@ -283,15 +297,11 @@ void PositionPane::paste() {
   if (!request) return;
   settle();
   const bool changed = pasteDataPositions(desktop::clipboardText(), *host_.openDatabase(),
-                                          target(), *request, host_.sentShown(), person_);
-  refreshDatas();
-  if (changed) {
-    rebuild(ListPage::Pasted);
-    return;
-  }
-  ClearDataPosScreen();
-  host_.refreshRequest();
-  setScreen_DataPos();
+                                          target(), *request, host_.sentShown(), person_, [this] {
+                                            refreshDatas();
+                                            redraw();
+                                          });
+  if (changed) host_.positionsChanged(ListPage::Pasted);
 }
 
 void PositionPane::setReference(bool reference) {

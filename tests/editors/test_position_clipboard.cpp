@@ -57,6 +57,21 @@ TEST_F(PositionClipboard, AnExistingPositionOfADocumentIsMovedOnYes) {
   EXPECT_EQ(positionsText(request), "D 3.2 B r");
 }
 
+TEST_F(PositionClipboard, WhatIsMissingIsToldWhenTheRestIsThere) {
+  ecu.addData("D");
+  std::string order;
+  const auto paste = [&](const std::string& text) {
+    return pasteDataPositions(text, ecu.db, ecu.target(), request, false, ecu.person,
+                              [&] { order += positionsText(request) + ", "; });
+  };
+  ecu.person.expect({"REQUESTS/MSG/pasteDataPositions/dataDoesntExist/text", "Error",
+                     "Data : \r\n    X\r\n\r\ndoesn't exist. You must create data first.", Buttons::Ok,
+                     Icon::Critical},
+                    Answer::Ok, [&] { order += "told"; });
+  EXPECT_TRUE(paste("<Datas><Data Name='X'/><Data Name='D'/></Datas>"));
+  EXPECT_EQ(order, "D 1.0 B r, told");
+}
+
 TEST_F(PositionClipboard, TheTextFormAsksTwiceBeforeAnUpdate) {
   ecu.place(request, "D", false, 3);
   const auto first = [&](Answer answer) {

@@ -84,14 +84,143 @@ TEST_F(PositionPaneOfRequests, AClickOnTheCurrentRowLeadsBackToItsData) {
   EXPECT_TRUE(view().datas()->FindItem(16, 2, 4)->Selected);
 }
 
-TEST_F(PositionPaneOfRequests, TheRowsKeepTheOrderOfTheirHeader) {
-  placed().header()->setSortIndicator(0, Qt::AscendingOrder); // Speed, Wide
+TEST_F(PositionPaneOfRequests, AHeaderSortsTheRowsUntilTheyAreSetAnewByByteAndBit) {
+  EXPECT_EQ(placed().header()->sortIndicatorSection(), 1);
+  placed().header()->setSortIndicator(0, Qt::AscendingOrder);
+  EXPECT_EQ(placed().rows().tagAt(0), &position("Read", "Speed"));
   clickRow(placed(), 1);
   retype(numberText("ValStartBit"), "3");
   key("save", "TBPosData");
-  EXPECT_EQ(placed().rows().tagAt(0), &position("Read", "Speed"));
+  EXPECT_EQ(placed().rows().tagAt(0), &position("Read", "Wide"));
+  EXPECT_EQ(placed().header()->sortIndicatorSection(), 1);
   EXPECT_EQ(selectedDatas(), "Wide") << "and what was chosen stays";
   EXPECT_EQ(u8(names().currentText()), "Wide");
+}
+
+TEST_F(PositionPaneOfRequests, WhatIsTypedForADataToBeAddedLeavesTheRowAlone) {
+  chooseName("Level");
+  retype(numberText("ValStartOctet"), "4");
+  click(box("CheckLittleEndian"));
+  EXPECT_TRUE(view().datas()->FindItem(8, 4, 4)) << "where it would lie";
+  retype(numberText("ValStartOctet"), "2");
+  EXPECT_TRUE(view().datas()->FindItem(8, 2, 4)) << "also on the byte of the row";
+  retype(numberText("ValStartOctet"), "4");
+  EXPECT_EQ(recorder.take(), Events{});
+  key("save");
+  EXPECT_EQ(position("Read", "Wide").StartOctet, 2);
+  EXPECT_FALSE(position("Read", "Wide").LittleEndian);
+  chooseName("Level");
+  retype(numberText("ValStartOctet"), "4");
+  key("save", "TBPosData");
+  EXPECT_EQ(position("Read", "Wide").StartOctet, 2);
+}
+
+TEST_F(PositionPaneOfRequests, WhatIsTypedForADataToBeAddedIsOfTheRowOnceItsNameIsBack) {
+  chooseName("Level");
+  retype(numberText("ValStartOctet"), "4");
+  recorder.take();
+  chooseName("Wide");
+  EXPECT_TRUE(view().datas()->FindItem(16, 4, 4)->Selected);
+  EXPECT_EQ(recorder.take(), changed);
+  expectPositionConfirmation(Answer::Yes);
+  clickRow(placed(), 1);
+  EXPECT_EQ(position("Read", "Wide").StartOctet, 4);
+}
+
+TEST_F(PositionPaneOfRequests, AnotherNameAsksAboutWhatWasTypedForTheRow) {
+  retype(numberText("ValStartOctet"), "3");
+  expectPositionConfirmation(Answer::Yes);
+  chooseName("Level");
+  EXPECT_EQ(position("Read", "Wide").StartOctet, 3);
+  EXPECT_EQ(u8(names().currentText()), "Level");
+  EXPECT_EQ(tag(), "ADD");
+  click(adding());
+  EXPECT_EQ(position("Read", "Level").StartOctet, 3);
+  retype(numberText("ValStartOctet"), "4");
+  expectPositionConfirmation(Answer::No);
+  chooseName("Speed");
+  EXPECT_EQ(position("Read", "Level").StartOctet, 3);
+  EXPECT_TRUE(view().datas()->FindItem(8, 3, 4)->Selected) << "where the other one would lie";
+}
+
+TEST_F(PositionPaneOfRequests, ThePlaceOfAnUnknownDataIsTypedAndKeptBeforeAnotherIsAdded) {
+  position("Read", "Speed").dataName = "Gone";
+  DataPositionItem& gone = position("Read", "Gone");
+  enterAgain();
+  const auto expectUnknown = [this] {
+    person.expect("REQUESTS/MSG/SetDataPosToScreen/text", "Internal error",
+                  "Unknown Data 'Gone' in combobox", Buttons::Ok, Icon::Critical, Answer::Ok);
+  };
+  expectUnknown();
+  clickRow(placed(), 1);
+  retype(numberText("ValStartOctet"), "4");
+  expectPositionConfirmation(Answer::Yes);
+  expectUnknown();
+  chooseName("Level");
+  EXPECT_EQ(gone.StartOctet, 4);
+  EXPECT_EQ(u8(names().currentText()), "Level");
+}
+
+TEST_F(PositionPaneOfRequests, ADataIsFoundByItsNameInAnyCase) {
+  DataPositionItem& speed = position("Read", "Speed");
+  speed.dataName = "speed";
+  enterAgain();
+  clickRow(placed(), 1);
+  EXPECT_EQ(u8(names().currentText()), "Speed");
+  EXPECT_EQ(tag(), "MOD");
+  chooseName("Level");
+  chooseName("Speed");
+  EXPECT_EQ(tag(), "MOD") << "the row has this data already";
+  click(adding());
+  EXPECT_EQ(placed().rows().rowCount(), 2);
+}
+
+TEST_F(PositionPaneOfRequests, ANegativeNumberStaysInAHexadecimalFieldThatNobodyTouches) {
+  position("Read", "Speed").StartOctet = -2;
+  enterAgain();
+  number("ValStartOctet").setBase(1);
+  clickRow(placed(), 1);
+  EXPECT_EQ(number("ValStartOctet").value(), -2);
+  EXPECT_EQ(u8(numberText("ValStartOctet").text()), "-2");
+  key("save");
+  EXPECT_EQ(position("Read", "Speed").StartOctet, -2);
+}
+
+TEST_F(PositionPaneOfRequests, AStartByteMayLieBehindTheBytesThatAreShown) {
+  the("Read").LengthDatas = 6000;
+  enterAgain();
+  retype(numberText("ValStartOctet"), "5000");
+  key("save");
+  EXPECT_EQ(position("Read", "Wide").StartOctet, 5000);
+  retype(numberText("ValStartOctet"), "3000000000");
+  key("save");
+  EXPECT_EQ(position("Read", "Wide").StartOctet, 2147483647);
+}
+
+TEST_F(PositionPaneOfRequests, OfTwoDataOnOneBitTheBitsOfTheChosenOneAreMarkedAndMoved) {
+  data("Speed")->NumberBits = data("Level")->NumberBits = 3;
+  position("Read", "Speed").StartBit = 2;
+  place("Read", "Level", false, 3, 2).LittleEndian = true;
+  enterAgain();
+  clickRow(placed(), 2);
+  ASSERT_EQ(selectedDatas(), "Level");
+  const auto isChosen = [this](const DisplayRespData& shown) {
+    return shown.Name == "Level" ? shown.Selected && shown.LittleEndian : !shown.Selected;
+  };
+  for (const DisplayRespData* shown : *view().datas()) EXPECT_TRUE(isChosen(*shown)) << shown->Name;
+  retype(numberText("ValStartBit"), "4");
+  for (const DisplayRespData* shown : *view().datas())
+    EXPECT_EQ(shown->OffsetBit, shown->Name == "Speed" ? 2 : 4) << shown->Name;
+}
+
+TEST_F(PositionPaneOfRequests, TheTabulatorComesToTheButtonsBetweenTheViewAndTheFields) {
+  view().setFocus();
+  std::string way;
+  while (way.find("ComboData") == std::string::npos && way.size() < 200) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    way += u8(QApplication::focusWidget()->objectName()) + " ";
+  }
+  EXPECT_EQ(way, "save cut copy paste ref unref ComboData ") << "nothing is there to cancel";
 }
 
 TEST_F(PositionPaneOfRequests, TheWheelPassesOverTheName) {
@@ -449,6 +578,21 @@ TEST_F(PositionPaneOfRequests, PasteOfUnknownDataFillsTheNamesToo) {
   key("paste", "TBPosData");
   EXPECT_EQ(position("Read", "Fresh").StartOctet, 4);
   EXPECT_GE(names().findText("Fresh"), 0);
+}
+
+TEST_F(PositionPaneOfRequests, WhatAPasteCouldNotAddIsToldBesideTheRowsThatItAdded) {
+  const std::string tooLong(71, 'x');
+  setClipboardText("Level\t4\r\n" + tooLong + "\r\n");
+  person.expect({"REQUESTS/MSG/warning/text", "Warning",
+                 "Data name '" + tooLong +
+                     "' is too long (up to 70 characters). Data not added.\r\n",
+                 Buttons::Ok, Icon::Exclamation},
+                Answer::Ok, [this] {
+                  EXPECT_EQ(placed().rows().rowCount(), 3);
+                  EXPECT_EQ(recorder.take().size(), 1u) << "the box alone, nothing is saved yet";
+                });
+  key("paste", "TBPosData");
+  EXPECT_EQ(recorder.take(), saved);
 }
 
 TEST_F(PositionPaneOfRequests, PasteOfSomethingElseIsToldAndChangesNothing) {

@@ -56,7 +56,7 @@ class PositionPaste {
       : database_(database), target_(target), request_(request), sent_(sent), person_(person),
         references_(target), datas_(target), positions_(request) {}
 
-  bool read(const std::string& text) {
+  bool read(const std::string& text, const std::function<void()>& pasted) {
     xml::Document document;
     if (!document.loadXML(text)) {
       readText(text);
@@ -75,6 +75,9 @@ class PositionPaste {
     }
     datas_.finish();
     positions_.finish();
+    if (pasted) pasted();
+    tellMissing();
+    tellWarnings();
     return changed_;
   }
 
@@ -99,6 +102,13 @@ class PositionPaste {
              "Data : {crlf}{0}{crlf}doesn't exist. You must create data first.",
              "REQUESTS/MSG/pasteDataPositions/dataDoesntExist/text", missing_),
          platform::Icon::Critical);
+  }
+  void warn(const std::string& text) { warnings_ += text + "\r\n"; }
+  void tellWarnings() {
+    if (warnings_.empty()) return;
+    tell("REQUESTS/MSG/warning/text",
+         texts_.getMultilangMessageDefault("Warning", "REQUESTS/MSG/warning/text"), warnings_,
+         platform::Icon::Exclamation);
   }
 
   /// Adds the position; false when the rest of the paste is to be given up.
@@ -136,7 +146,6 @@ class PositionPaste {
           isReferenceByDefault(request_, sent_) && !references_.isReferenced(data->dataName());
       if (!add(std::move(position))) break;
     }
-    tellMissing();
   }
 
   std::shared_ptr<DataPositionItem> newPosition(const DataItem& data) const {
@@ -172,7 +181,6 @@ class PositionPaste {
       if (references_.isReferenced(position->dataName)) position->reference = false;
       if (!add(position)) break;
     }
-    tellMissing();
   }
 
   std::string confirmTitle() const {
@@ -197,13 +205,7 @@ class PositionPaste {
       const std::string name(line.trimmed(0));
       if (!name.empty() && !readLine(line, name)) break;
     }
-    if (warnings_.empty()) return;
-    tell("REQUESTS/MSG/warning/text",
-         texts_.getMultilangMessageDefault("Warning", "REQUESTS/MSG/warning/text"), warnings_,
-         platform::Icon::Exclamation);
   }
-
-  void warn(const std::string& text) { warnings_ += text + "\r\n"; }
 
   const DataItem* dataOf(const std::string& name) {
     if (const DataItem* data = datas_.find(name)) return data;
@@ -279,9 +281,10 @@ class PositionPaste {
 } // namespace
 
 bool pasteDataPositions(const std::string& clipboard, OmnikorLibXml& database, TargetItem& target,
-                        RequestItem& request, bool sent, platform::Person& person) {
+                        RequestItem& request, bool sent, platform::Person& person,
+                        const std::function<void()>& pasted) {
   const std::string text(upToZero(clipboard));
-  return PositionPaste(database, target, request, sent, person).read(text);
+  return PositionPaste(database, target, request, sent, person).read(text, pasted);
 }
 
 } // namespace kelmar

@@ -5,6 +5,7 @@
 #include "database/omnikor_lib_xml.h"
 #include "editors/rules/positions/position_commands.h"
 
+#include <functional>
 #include <string>
 
 namespace kelmar {
@@ -18,9 +19,11 @@ std::string copyDataPositions(const TargetItem& target, const RequestItem& reque
 std::string copyPositionsText(const PositionSelection& positions, bool& broken);
 
 /// Adds what is on the clipboard to one side of the request: a document of positions or of data, else
-/// tab text. The person is asked about what is there already and about unknown data, and told what
-/// could not be added. True when something of the model changed.
+/// tab text. The person is asked about what is there already and about unknown data. `pasted` is
+/// called when all is in the model; after it the person is told what could not be added. True when
+/// something of the model changed.
 bool pasteDataPositions(const std::string& clipboard, OmnikorLibXml& database, TargetItem& target,
-                        RequestItem& request, bool sent, platform::Person& person);
+                        RequestItem& request, bool sent, platform::Person& person,
+                        const std::function<void()>& pasted = {});
 
 } // namespace kelmar
