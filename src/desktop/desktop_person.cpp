@@ -5,6 +5,7 @@
 #include "desktop/qt_text.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -12,6 +13,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+
+#include <vector>
 
 namespace kelmar::desktop {
 
@@ -107,6 +110,26 @@ QString withExtension(const QString& file, const QString& filter, const QString&
   return fits ? file : file + QLatin1Char('.') + extension;
 }
 
+/// The ordinary pointers over a dialog, also where the work that asks shows an hourglass.
+class OrdinaryPointers {
+ public:
+  OrdinaryPointers() {
+    while (const QCursor* cursor = QGuiApplication::overrideCursor()) {
+      overridden_.push_back(*cursor);
+      QGuiApplication::restoreOverrideCursor();
+    }
+  }
+  ~OrdinaryPointers() {
+    for (; !overridden_.empty(); overridden_.pop_back())
+      QGuiApplication::setOverrideCursor(overridden_.back());
+  }
+  OrdinaryPointers(const OrdinaryPointers&) = delete;
+  OrdinaryPointers& operator=(const OrdinaryPointers&) = delete;
+
+ private:
+  std::vector<QCursor> overridden_;
+};
+
 } // namespace
 
 QStringList nameFilters(const std::string& filter) {
@@ -131,6 +154,7 @@ DesktopPerson::DesktopPerson(FileDialogs dialogs)
 }
 
 Answer DesktopPerson::message(const Box& box) {
+  const OrdinaryPointers pointers;
   QMessageBox widget(QApplication::activeWindow());
   widget.setObjectName(QStringLiteral("messageBox"));
   widget.setProperty("key", qs(box.key));
@@ -157,6 +181,7 @@ Answer DesktopPerson::message(const Box& box) {
 }
 
 std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
+  const OrdinaryPointers pointers;
   const bool saves = question.kind == FileQuestion::Kind::Save;
   const bool folder = question.kind == FileQuestion::Kind::Folder;
   QFileDialog dialog(QApplication::activeWindow(), qs(question.title));
@@ -198,6 +223,7 @@ std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
 }
 
 std::string DesktopPerson::input(const platform::InputQuestion& question) {
+  const OrdinaryPointers pointers;
   QInputDialog dialog(QApplication::activeWindow());
   dialog.setObjectName(QStringLiteral("inputBox"));
   dialog.setProperty("key", qs(question.key));

@@ -182,6 +182,7 @@ bool UceRequests::TestAndConfirmChangeDataPos() {
 }
 
 bool UceRequests::TestAndConfirmChange() {
+  list().finishName();
   const bool placed = TestAndConfirmChangeDataPos();
   if (!edits().changed()) return placed;
   constexpr char key[] = "REQUESTS/MSG/TestAndConfirmChange/text";

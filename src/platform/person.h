@@ -26,7 +26,7 @@ struct FileQuestion {
   Kind kind = Kind::Open;
   std::string title;
   std::string filter;           ///< "Ecu Files (*.xml)|*.xml|All files (*.*)|*.*"
-  std::string defaultExtension; ///< ".xml"; added when the answer has none
+  std::string defaultExtension; ///< ".xml"; added to an answer that fits no pattern
   std::string proposal;         ///< proposed path or name, may be empty
 };
 

@@ -81,6 +81,20 @@ TEST_F(DesktopPerson, ABoxShowsTitleTextAndIconAsTheyStand) {
             Answer::Ok);
 }
 
+TEST_F(DesktopPerson, NoHourglassStandsOverAQuestion) {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+  const WhenDialogOpens user([](QDialog& dialog) {
+    EXPECT_FALSE(QGuiApplication::overrideCursor());
+    click(control<QPushButton>(dialog, "buttonOk"));
+  });
+  person.message({"key", "Title", "Text", Buttons::Ok, Icon::Information});
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor);
+  QGuiApplication::restoreOverrideCursor();
+  EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  QGuiApplication::restoreOverrideCursor();
+}
+
 TEST_F(DesktopPerson, EachIconIsShown) {
   for (const auto& [icon, shown] : {std::pair(Icon::None, QMessageBox::NoIcon),
                                     std::pair(Icon::Critical, QMessageBox::Critical),

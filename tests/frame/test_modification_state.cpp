@@ -236,6 +236,19 @@ TEST_F(Modification, CancelOfTheOnlyModificationLeavesTheFileSaved) {
   EXPECT_EQ(take(), (Events{"noSaveNeed"}));
 }
 
+TEST_F(Modification, SpeaksTheLanguageOfTheWindow) {
+  surface.texts = {{"MAIN/MSG/notSaved/text", " - Non enregistré -"},
+           {"MAIN/MSG/confirmSave/title", "Confirmer"},
+           {"MAIN/MSG/confirmSave/change", " : modifications."},
+           {"MAIN/MSG/confirmSave/question", "Enregistrer ?"}};
+  state.OnChange(row("datas"));
+  EXPECT_EQ(caption("database"), "ECU - Non enregistré -");
+  surface.scripted.expect("", "Confirmer", "Engine : modifications.\r\nEnregistrer ?",
+                          platform::Buttons::YesNo, platform::Icon::Question,
+                          platform::Answer::No);
+  EXPECT_TRUE(state.ConfirmLeavePage(0, true));
+}
+
 TEST_F(Modification, CancelOfOneOfTwoModificationsLeavesTheFileUnsaved) {
   state.OnChange(row("datas"));
   state.OnChange(row("requests"));

@@ -87,5 +87,14 @@ TEST_F(NameOfRequestBeingTyped, IsTakenByTheToolsOfThePositions) {
   EXPECT_EQ(position("Renamed", "Speed").StartOctet, 4);
 }
 
+TEST_F(NameOfRequestBeingTyped, IsTakenWhenThePageIsLeft) {
+  key("new");
+  retype(nameField(), "Engine speed");
+  page->TestAndConfirmChange();
+  page->hide();
+  EXPECT_TRUE(target().Requests()->ItemName("Engine speed"));
+  EXPECT_EQ(recorder.take().back(), "UceRequests1.OnSave(false)");
+}
+
 } // namespace
 } // namespace kelmar

@@ -13,7 +13,7 @@ void ModificationState::SetSaveNeed(bool value) {
     if (*name == "New ECU")
       caption = "New ECU";
     if (saveNeeded_)
-      caption += " - Not saved -";
+      caption += surface_.translated(" - Not saved -", "MAIN/MSG/notSaved/text");
   }
   surface_.setTabCaption(*rowOfTab("database"), caption);
 }
@@ -105,8 +105,11 @@ bool ModificationState::ConfirmLeavePage(int currentPage, bool ask) {
   const std::optional<std::string> name = surface_.targetName();
   if (!name)
     return true;
-  const platform::Box box{"", "Confirm save", *name + " change.\r\nSave Change ? ",
-                          platform::Buttons::YesNo, platform::Icon::Question};
+  const platform::Box box{
+      "", surface_.translated("Confirm save", "MAIN/MSG/confirmSave/title"),
+      *name + surface_.translated(" change.", "MAIN/MSG/confirmSave/change") + "\r\n" +
+          surface_.translated("Save Change ? ", "MAIN/MSG/confirmSave/question"),
+      platform::Buttons::YesNo, platform::Icon::Question};
   return surface_.person().message(box) != platform::Answer::Yes || saveAndClear();
 }
 
