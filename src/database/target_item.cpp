@@ -5,6 +5,8 @@
 #include "database/load_members.h"
 #include "database/omnikor_lib_xml.h"
 
+#include <future>
+
 namespace kelmar {
 
 void ProjectNames::Add(const std::string& name) {
@@ -63,6 +65,14 @@ void writeCollection(xml::Writer& out, xml::Name element, const Collection& coll
 } // namespace
 
 void TargetItem::createXMLnode(xml::Writer& out) {
+  // Requests and screens, more than half of a file, are written beside the rest.
+  const auto beside = [&out](const auto& items) {
+    return std::async([&items, part = out.beside()]() mutable {
+      if (items) items->createXMLnode(part);
+      return std::move(part);
+    });
+  };
+  std::future<xml::Writer> requests = beside(requests_), categories = beside(Categories);
   const std::string schema = parent ? parent->xmlEcuSchema : std::string();
   const std::string screenSchema = parent ? parent->xmlScreenSchema : std::string();
   out.item("ECU", name_);
@@ -104,7 +114,7 @@ void TargetItem::createXMLnode(xml::Writer& out) {
   out.open("Requests");
   out.attribute("Endian", parametres_ && parametres_->LittleEndian ? "Little" : "Big");
   out.lineFeed();
-  if (requests_) requests_->createXMLnode(out);
+  out.append(requests.get());
   out.close();
   writeCollection(out, "Devices", organes_);
   if (Categories) {
@@ -112,7 +122,7 @@ void TargetItem::createXMLnode(xml::Writer& out) {
     out.open("ds:Categories");
     if (!screenSchema.empty()) out.attribute("xmlns", screenSchema);
     out.lineFeed();
-    Categories->createXMLnode(out);
+    out.append(categories.get());
     out.close();
   }
   out.close();

@@ -304,6 +304,14 @@ void Writer::cdataElement(Name element, std::string_view value) {
   close();
 }
 
+void Writer::append(Writer part) {
+  while (!part.open_.empty())
+    part.close();
+  if (part.out_.empty()) return;
+  closeStartTag();
+  out_ += part.out_;
+}
+
 std::string Writer::take() {
   while (!open_.empty())
     close();

@@ -93,6 +93,15 @@ class Writer {
   void emptyElement(Name element);
   void cdataElement(Name element, std::string_view value);
 
+  /// A writer of the same encoding for whole elements that are put in later.
+  Writer beside() const {
+    Writer part;
+    part.encoding_ = encoding_;
+    return part;
+  }
+  /// Puts in what such a writer has written; all of its elements are closed.
+  void append(Writer part);
+
   /// The bytes in the encoding asked for (UTF-16 with a byte order mark, low byte first), all
   /// elements closed. The writer is empty afterwards.
   std::string take();

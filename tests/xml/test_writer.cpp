@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
+#include <utility>
 
 namespace kelmar::xml {
 namespace {
@@ -59,6 +60,20 @@ TEST(Writer, WritesByteForByteWhatItIsAskedTo) {
   EXPECT_EQ(writer.take(), "") << "empty afterwards";
   writer.emptyElement("again");
   EXPECT_EQ(writer.take(), "<again/>");
+}
+
+TEST(Writer, PutsInWhatAnotherOneHasWrittenBesideIt) {
+  Writer writer("ISO-8859-1");
+  writer.open("a");
+  Writer part = writer.beside();
+  part.open("b");
+  part.text("é");
+  writer.textElement("first", "1");
+  writer.open("inner");
+  writer.append(std::move(part));
+  writer.open("empty");
+  writer.append(writer.beside());
+  EXPECT_EQ(writer.take(), "<a><first>1</first><inner><b>\xE9</b><empty/></inner></a>");
 }
 
 TEST(Writer, EscapesWhatAReaderWouldNotGetBack) {
