@@ -219,10 +219,10 @@ void UceRequests::Parts::CutRequest() {
     page.TestAndConfirmChange();
   LVrequests->rows().setRows({}); // nothing is to show an item that is gone
   page.dropActive();
-  const int deleted = deleteRequests(*target(), gone);
+  target()->DeleteRequests(gone);
   dropActiveAndRebuild();
   // Told also when no request is left to be active.
-  if (deleted > 0) page.announceApplied();
+  page.announceApplied();
 }
 
 void UceRequests::Parts::forgetMarks() {

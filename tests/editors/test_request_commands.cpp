@@ -106,18 +106,6 @@ TEST(NameCommands, ReplaceAsksForBothTextsAndMindsTheCase) {
   EXPECT_FALSE(askNameChange(*requestNameCommand("PopupReqReplace"), ecu.person));
 }
 
-TEST(DeleteRequests, TakesTheirDisplaysAlong) {
-  RequestEcu ecu;
-  ecu.place(ecu.addRequest("A"), "D");
-  ecu.addRequest("B");
-  ecu.addRequest("C");
-  ScreenItem& screen = ecu.addScreen("K", "S");
-  ecu.addDisplay(screen, "A", "D");
-  EXPECT_EQ(deleteRequests(ecu.target(), ecu.requests({"A", "C"})), 2);
-  EXPECT_EQ(ecu.requestNames(), "B");
-  EXPECT_EQ(screen.DisplayItems->Count(), 0);
-}
-
 TEST(RequestFlags, ThoseThatHaveTheValueAreSkipped) {
   RequestEcu ecu;
   ecu.addRequest("A").ManuelSend = true;

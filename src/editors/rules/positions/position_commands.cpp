@@ -154,16 +154,8 @@ int CutData(TargetItem& target, const PositionSelection& positions, platform::Pe
        Buttons::OkCancel, Icon::Critical});
   if (answer != platform::Answer::Ok) return 0;
   if (confirmed) confirmed();
-  int deleted = 0;
-  for (DataPositionItem* position : positions) {
-    try {
-      target.DeleteDataPosition(position);
-      ++deleted;
-    } catch (const Failure&) {
-      // It stays, and the others go on.
-    }
-  }
-  return deleted;
+  target.DeleteDataPositions(positions);
+  return static_cast<int>(positions.size());
 }
 
 bool RefDataPos(TargetItem& target, const PositionSelection& positions,

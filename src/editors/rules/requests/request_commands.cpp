@@ -63,11 +63,6 @@ renameRequests(TargetItem& target, const RequestSelection& requests,
   return renamed;
 }
 
-int deleteRequests(TargetItem& target, const RequestSelection& requests) {
-  target.DeleteRequests(requests);
-  return static_cast<int>(requests.size());
-}
-
 RequestSelection setManuelSend(const RequestSelection& requests, bool value) {
   return setFlag(requests, &RequestItem::ManuelSend, value);
 }

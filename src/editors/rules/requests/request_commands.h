@@ -29,9 +29,6 @@ void renameTyped(TargetItem& target, RequestItem& request, const std::string& ty
 RequestSelection renameRequests(TargetItem& target, const RequestSelection& requests,
                                 const std::function<std::string(const std::string&)>& newName);
 
-/// The number of those deleted; one that fails does not stop the others.
-int deleteRequests(TargetItem& target, const RequestSelection& requests);
-
 /// Those whose flag changed.
 RequestSelection setManuelSend(const RequestSelection& requests, bool value);
 RequestSelection setDossierMaintenabilite(const RequestSelection& requests, bool value);
