@@ -36,28 +36,49 @@ void PositionPane::makeCommands() {
   };
   // The shortcuts are those of the list: in the fields they are those of any text.
   commands_ = new CommandTable(
-      LVposdata,
-      {{.key = "cancel", .toolTip = "Cancel change (Ctrl Z)", .icon = "cancel",
-        .run = run(&PositionPane::cancel), .enabled = enabled("cancel")},
-       {.key = "save", .toolTip = "Save change (Ctrl S)", .icon = "save",
-        .run = run(&PositionPane::save), .enabled = enabled("save")},
-       {.key = "cut", .toolTip = "Cut selected datas (Ctrl X)", .icon = "cut",
-        .run = run(&PositionPane::cut), .enabled = enabled("cut"),
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
-       {.key = "copy", .toolTip = "Copy selected datas to clipboard (Ctrl C)", .icon = "copy",
-        .run = run(&PositionPane::copy), .enabled = enabled("copy"),
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
-       {.key = "paste", .toolTip = "Paste datas from clipboard (Ctrl V)", .icon = "paste",
-        .run = run(&PositionPane::paste), .enabled = enabled("paste"),
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
-       {.key = "ref", .toolTip = "Define data as reference (F9)", .icon = "ref",
-        .run = [this] { guarded([this] { setReference(true); }); }, .enabled = enabled("ref"),
-        .shortcuts = {QKeySequence(Qt::Key_F9)}},
-       {.key = "unref", .toolTip = "Undefine data as reference (F10)", .icon = "unref",
-        .run = [this] { guarded([this] { setReference(false); }); }, .enabled = enabled("unref"),
-        .shortcuts = {QKeySequence(Qt::Key_F10)}},
-       {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVposdata); },
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
+      LVposdata, {{.key = "cancel",
+                   .toolTip = "Cancel change (Ctrl Z)",
+                   .icon = "cancel",
+                   .run = run(&PositionPane::cancel),
+                   .enabled = enabled("cancel")},
+                  {.key = "save",
+                   .toolTip = "Save change (Ctrl S)",
+                   .icon = "save",
+                   .run = run(&PositionPane::save),
+                   .enabled = enabled("save")},
+                  {.key = "cut",
+                   .toolTip = "Cut selected datas (Ctrl X)",
+                   .icon = "cut",
+                   .run = run(&PositionPane::cut),
+                   .enabled = enabled("cut"),
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
+                  {.key = "copy",
+                   .toolTip = "Copy selected datas to clipboard (Ctrl C)",
+                   .icon = "copy",
+                   .run = run(&PositionPane::copy),
+                   .enabled = enabled("copy"),
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
+                  {.key = "paste",
+                   .toolTip = "Paste datas from clipboard (Ctrl V)",
+                   .icon = "paste",
+                   .run = run(&PositionPane::paste),
+                   .enabled = enabled("paste"),
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
+                  {.key = "ref",
+                   .toolTip = "Define data as reference (F9)",
+                   .icon = "ref",
+                   .run = [this] { guarded([this] { setReference(true); }); },
+                   .enabled = enabled("ref"),
+                   .shortcuts = {QKeySequence(Qt::Key_F9)}},
+                  {.key = "unref",
+                   .toolTip = "Undefine data as reference (F10)",
+                   .icon = "unref",
+                   .run = [this] { guarded([this] { setReference(false); }); },
+                   .enabled = enabled("unref"),
+                   .shortcuts = {QKeySequence(Qt::Key_F10)}},
+                  {.key = "selectAll",
+                   .run = [this] { ListViewSelectAll(*LVposdata); },
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
   commands_->fillToolBar(*TBPosData,
                          {"cancel", "save", "", "cut", "copy", "paste", "", "ref", "unref"});
   orderToolBar();
@@ -125,14 +146,14 @@ void PositionPane::bitPressed(int byte, int cell, int button) {
   PositionPaneState now = state();
   now.clipboardHasText = !desktop::clipboardText().empty();
   popUpMenu(*DisplayRep, QStringLiteral("PopupCreateData"),
-            DisplayRep->mapToGlobal(DisplayRep->cellRect(byte, cell).center()),
-            createDataMenu(now),
+            DisplayRep->mapToGlobal(DisplayRep->cellRect(byte, cell).center()), createDataMenu(now),
             [this](const MenuEntry& entry) { guarded([&] { bitMenuChosen(entry); }); });
 }
 
 void PositionPane::selectBit(const FrameBit& bit) {
   std::vector<DataPositionItem*> all;
-  for (const RowTag tag : LVposdata->rows().tags()) all.push_back(static_cast<DataPositionItem*>(tag));
+  for (const RowTag tag : LVposdata->rows().tags())
+    all.push_back(static_cast<DataPositionItem*>(tag));
   const PositionSelection hit = positionsAt(all, bit);
   const RowsModel& model = LVposdata->rows();
   QItemSelection selection;
@@ -154,15 +175,24 @@ void PositionPane::selectBit(const FrameBit& bit) {
 }
 
 void PositionPane::chosen(const MenuEntry& entry) {
-  if (entry.key == "ppDataGoto") host_.goToData(entry.names.at(0));
-  else if (entry.key == "ppDataCut") cut();
-  else if (entry.key == "ppDataCopy") copy();
-  else if (entry.key == "ppDataCopyText") copyText();
-  else if (entry.key == "ppDataPaste") paste();
-  else if (entry.key == "ppDataReplaceData") replaceWith(entry);
-  else if (entry.key == "ppDataToggleEndian") changeEndian(false);
-  else if (entry.key == "ppDataSetEndianDefault") changeEndian(true);
-  else if (entry.key == "ppDataHelp") host_.goToHelp();
+  if (entry.key == "ppDataGoto")
+    host_.goToData(entry.names.at(0));
+  else if (entry.key == "ppDataCut")
+    cut();
+  else if (entry.key == "ppDataCopy")
+    copy();
+  else if (entry.key == "ppDataCopyText")
+    copyText();
+  else if (entry.key == "ppDataPaste")
+    paste();
+  else if (entry.key == "ppDataReplaceData")
+    replaceWith(entry);
+  else if (entry.key == "ppDataToggleEndian")
+    changeEndian(false);
+  else if (entry.key == "ppDataSetEndianDefault")
+    changeEndian(true);
+  else if (entry.key == "ppDataHelp")
+    host_.goToHelp();
 }
 
 void PositionPane::bitMenuChosen(const MenuEntry& entry) {
@@ -179,8 +209,8 @@ void PositionPane::bitMenuChosen(const MenuEntry& entry) {
   for (const CreateDataEntry& row : createDataEntries()) {
     if (entry.key != row.array || entry.names.at(0) != std::to_string(row.index)) continue;
     DataItem* item = nullptr;
-    DataPositionItem* position = createDataAt(target(), *request, host_.sentShown(), row.kind,
-                                              clicked_, person_, &item);
+    DataPositionItem* position =
+        createDataAt(target(), *request, host_.sentShown(), row.kind, clicked_, person_, &item);
     if (item) refreshDatas();
     if (item || position) created(position);
     return;
@@ -233,12 +263,12 @@ void PositionPane::addOrModify() {
   if (!request) return;
   const CMultiLangEx& texts = language::global();
   if (ComboData->currentText().isEmpty()) {
-    person_.message({"REQUESTS/MSG/CBadd_Click/userError/text",
-                     texts.getMultilangMessageDefault(
-                         "User error", "REQUESTS/MSG/CBadd_Click/userError/title"),
-                     texts.getMultilangMessageDefault("Choose the new data name",
-                                                      "REQUESTS/MSG/CBadd_Click/userError/text"),
-                     platform::Buttons::Ok, platform::Icon::Critical});
+    person_.message(
+        {"REQUESTS/MSG/CBadd_Click/userError/text",
+         texts.getMultilangMessageDefault("User error", "REQUESTS/MSG/CBadd_Click/userError/title"),
+         texts.getMultilangMessageDefault("Choose the new data name",
+                                          "REQUESTS/MSG/CBadd_Click/userError/text"),
+         platform::Buttons::Ok, platform::Icon::Critical});
     return;
   }
   if (!isAdding()) {
@@ -263,25 +293,25 @@ void PositionPane::addOrModify() {
 void PositionPane::cut() {
   if (!active_) return;
   settle();
-  desktop::setClipboardText(copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(),
-                                              selected()));
-  bool confirmed = false;
-  const int gone = CutData(target(), selected(), person_, [&] {
-    confirmed = true;
+  // What cannot be copied is told, and can be deleted all the same.
+  guarded([this] {
+    desktop::setClipboardText(
+        copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(), selected()));
+  });
+  const bool gone = CutData(target(), selected(), person_, [this] {
     ClearDataPosScreen();
     filling_ = true;
     LVposdata->rows().setRows({}); // nothing is to show an item that is gone
     filling_ = false;
     setRows({});
   });
-  if (gone > 0) rebuild(ListPage::Deleted);
-  else if (confirmed) setScreen_DataPos();
+  if (gone) rebuild(ListPage::Deleted);
 }
 
 void PositionPane::copy() {
   if (!host_.activeRequest() || selected().empty()) return;
-  desktop::setClipboardText(copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(),
-                                              selected()));
+  desktop::setClipboardText(
+      copyDataPositions(target(), *host_.activeRequest(), host_.sentShown(), selected()));
 }
 
 void PositionPane::copyText() {
@@ -296,8 +326,8 @@ void PositionPane::paste() {
   RequestItem* request = host_.activeRequest();
   if (!request) return;
   settle();
-  const bool changed = pasteDataPositions(desktop::clipboardText(), *host_.openDatabase(),
-                                          target(), *request, host_.sentShown(), person_, [this] {
+  const bool changed = pasteDataPositions(desktop::clipboardText(), *host_.openDatabase(), target(),
+                                          *request, host_.sentShown(), person_, [this] {
                                             refreshDatas();
                                             redraw();
                                           });

@@ -28,21 +28,32 @@ void UceRequests::Parts::makeCommands() {
     return [this, key = std::string(key)] { return isRequestCommandEnabled(key, state()); };
   };
   std::vector<Command> all = page.findCommands();
-  all.push_back({.key = "cancel", .toolTip = "Cancel change (Ctrl Z)", .icon = "cancel",
-                 .run = [this] { page.guarded([this] { cancel(); }); }, .enabled = enabled("cancel"),
+  all.push_back({.key = "cancel",
+                 .toolTip = "Cancel change (Ctrl Z)",
+                 .icon = "cancel",
+                 .run = [this] { page.guarded([this] { cancel(); }); },
+                 .enabled = enabled("cancel"),
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}});
-  all.push_back({.key = "valid", .toolTip = "Valid change", .icon = "valid",
-                 .run = [this] { page.guarded([this] { ValidChange(false); }); }, .enabled = enabled("valid")});
-  all.push_back({.key = "save", .toolTip = "Save change (Ctrl S)", .icon = "save",
-                 .run = [this] { page.guarded([this] { ValidChange(true); }); }, .enabled = enabled("save"),
+  all.push_back({.key = "valid",
+                 .toolTip = "Valid change",
+                 .icon = "valid",
+                 .run = [this] { page.guarded([this] { ValidChange(false); }); },
+                 .enabled = enabled("valid")});
+  all.push_back({.key = "save",
+                 .toolTip = "Save change (Ctrl S)",
+                 .icon = "save",
+                 .run = [this] { page.guarded([this] { ValidChange(true); }); },
+                 .enabled = enabled("save"),
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}});
-  all.push_back({.key = "help", .toolTip = "Help (F1)", .icon = "help", .run = [this] { help(); },
+  all.push_back({.key = "help",
+                 .toolTip = "Help (F1)",
+                 .icon = "help",
+                 .run = [this] { help(); },
                  .shortcuts = {QKeySequence(Qt::Key_F1)}});
   commands = new CommandTable(&page, std::move(all));
   listCommands = new CommandTable(LVrequests, listKeys());
   commands->fillToolBar(*tbToolBar, {"cancel", "valid", "save", ""});
-  listCommands->fillToolBar(*tbToolBar,
-                            {"new", "rename", "find", "", "cut", "copy", "paste", ""});
+  listCommands->fillToolBar(*tbToolBar, {"new", "rename", "find", "", "cut", "copy", "paste", ""});
   commands->fillToolBar(*tbToolBar, {"help"});
 
   page.useMenu(
@@ -57,9 +68,8 @@ void UceRequests::Parts::makeCommands() {
       },
       [this](std::string_view text) { return target() && looksLikeFragment(text, "Requests"); },
       [this](const std::string& text) { page.guarded([&] { pasteData(text); }); });
-  connect(cbExportSendBufferToHex, &QPushButton::clicked, &page, [this] {
-    exportSendBufferToHex(u8(TextReqBytes->text()), page.person());
-  });
+  connect(cbExportSendBufferToHex, &QPushButton::clicked, &page,
+          [this] { exportSendBufferToHex(u8(TextReqBytes->text()), page.person()); });
   connect(cbImportSendBufferFromHex, &QPushButton::clicked, &page,
           [this] { page.guarded([this] { importHex(); }); });
 }
@@ -73,32 +83,50 @@ std::vector<Command> UceRequests::Parts::listKeys() {
     return [this, action] { page.guarded([this, action] { (this->*action)(); }); };
   };
   const auto references = [this, enabled](const char* key, int letter, bool parameters, bool set) {
-    return Command{.key = key,
-                   .run =
-                       [this, parameters, set] {
-                         page.guarded([&] { setReferences(parameters, set); });
-                       },
-                   .enabled = enabled(key),
-                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::ALT | static_cast<Qt::Key>(letter))}};
+    return Command{
+        .key = key,
+        .run = [this, parameters, set] { page.guarded([&] { setReferences(parameters, set); }); },
+        .enabled = enabled(key),
+        .shortcuts = {QKeySequence(Qt::CTRL | Qt::ALT | static_cast<Qt::Key>(letter))}};
   };
-  return {{.key = "new", .toolTip = "Add new request", .icon = "add", .run = run(&Parts::newOne),
-           .enabled = enabled("new"), .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_N)}},
-          {.key = "rename", .toolTip = "Rename request (F2)", .icon = "rename",
-           .run = [this] { page.editActiveName(); }, .enabled = enabled("rename"),
+  return {{.key = "new",
+           .toolTip = "Add new request",
+           .icon = "add",
+           .run = run(&Parts::newOne),
+           .enabled = enabled("new"),
+           .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_N)}},
+          {.key = "rename",
+           .toolTip = "Rename request (F2)",
+           .icon = "rename",
+           .run = [this] { page.editActiveName(); },
+           .enabled = enabled("rename"),
            .shortcuts = {QKeySequence(Qt::Key_F2)}},
-          {.key = "find", .toolTip = "Find device", .icon = "find",
-           .run = [this] { page.FindItem({}); }, .enabled = enabled("find"),
+          {.key = "find",
+           .toolTip = "Find device",
+           .icon = "find",
+           .run = [this] { page.FindItem({}); },
+           .enabled = enabled("find"),
            .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_F)}},
-          {.key = "cut", .toolTip = "Cut selected requests (Ctrl X)", .icon = "cut",
-           .run = run(&Parts::cut), .enabled = enabled("cut"),
+          {.key = "cut",
+           .toolTip = "Cut selected requests (Ctrl X)",
+           .icon = "cut",
+           .run = run(&Parts::cut),
+           .enabled = enabled("cut"),
            .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
-          {.key = "copy", .toolTip = "Copy selected requests to clipboard (Ctrl C)",
-           .icon = "copy", .run = run(&Parts::copy), .enabled = enabled("copy"),
+          {.key = "copy",
+           .toolTip = "Copy selected requests to clipboard (Ctrl C)",
+           .icon = "copy",
+           .run = run(&Parts::copy),
+           .enabled = enabled("copy"),
            .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
-          {.key = "paste", .toolTip = "Paste requests from clipboard (Ctrl V)", .icon = "paste",
+          {.key = "paste",
+           .toolTip = "Paste requests from clipboard (Ctrl V)",
+           .icon = "paste",
            .run = [this] { page.guarded([this] { pasteData(desktop::clipboardText()); }); },
-           .enabled = enabled("paste"), .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
-          {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVrequests); },
+           .enabled = enabled("paste"),
+           .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
+          {.key = "selectAll",
+           .run = [this] { ListViewSelectAll(*LVrequests); },
            .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}},
           references("PopupReqRefParamSet", Qt::Key_A, true, true),
           references("PopupReqRefParamClear", Qt::Key_Q, true, false),
@@ -125,16 +153,26 @@ RequestSelection UceRequests::Parts::selected() const {
 
 void UceRequests::Parts::chosen(const MenuEntry& entry) {
   const std::string& key = entry.key;
-  if (key == "PopupReqCut") cut();
-  else if (key == "PopupReqCopy") copy();
-  else if (key == "PopupReqCopyText") copyText();
-  else if (key == "PopupReqPaste") pasteData(desktop::clipboardText());
-  else if (key == "PopupReplyTemplateNormalize") normalizeReply();
-  else if (key == "PopupReplyTemplateNormalizeAll") normalizeAllReplies();
-  else if (key == "mnuGenerateRVTtests") generateTests();
-  else if (key == "mnuTradConfigCopy") copyTradConfig();
-  else if (key == "PopupReqHelp") emit page.help("request", "");
-  else if (!chooseRows(key) && !runOnFlags(key)) changeNames(key);
+  if (key == "PopupReqCut")
+    cut();
+  else if (key == "PopupReqCopy")
+    copy();
+  else if (key == "PopupReqCopyText")
+    copyText();
+  else if (key == "PopupReqPaste")
+    pasteData(desktop::clipboardText());
+  else if (key == "PopupReplyTemplateNormalize")
+    normalizeReply();
+  else if (key == "PopupReplyTemplateNormalizeAll")
+    normalizeAllReplies();
+  else if (key == "mnuGenerateRVTtests")
+    generateTests();
+  else if (key == "mnuTradConfigCopy")
+    copyTradConfig();
+  else if (key == "PopupReqHelp")
+    emit page.help("request", "");
+  else if (!chooseRows(key) && !runOnFlags(key))
+    changeNames(key);
 }
 
 bool UceRequests::Parts::chooseRows(const std::string& key) {
@@ -197,7 +235,8 @@ void UceRequests::Parts::newOne() {
 
 void UceRequests::Parts::cut() {
   if (selected().empty()) return;
-  desktop::setClipboardText(copyRequests(*target(), selected()));
+  // What cannot be copied is told, and can be deleted all the same.
+  page.guarded([this] { desktop::setClipboardText(copyRequests(*target(), selected())); });
   CutRequest();
 }
 
@@ -272,10 +311,12 @@ void UceRequests::Parts::changeNames(const std::string& key) {
   const auto newName = askNameChange(*command, page.person());
   if (!newName) return;
   std::unordered_map<RowTag, std::optional<std::uint32_t>> colours;
-  for (RequestItem* item : selected()) colours[item] = lookOf(item).colour;
+  for (RequestItem* item : selected())
+    colours[item] = lookOf(item).colour;
   const RequestSelection done = renameRequests(*target(), selected(), newName);
   if (done.empty()) return;
-  for (RequestItem* item : done) renamed[item] = colours[item];
+  for (RequestItem* item : done)
+    renamed[item] = colours[item];
   LVrequests->rows().refreshAll();
   if (request()) page.rememberName(request()->requestName);
   showCaption();
@@ -364,7 +405,8 @@ void UceRequests::Parts::normalizeAllReplies() {
 void UceRequests::Parts::generateTests() {
   if (!settings) return;
   std::vector<const RequestItem*> requests;
-  for (const RequestItem* item : selected()) requests.push_back(item);
+  for (const RequestItem* item : selected())
+    requests.push_back(item);
   generateRvtTests(target(), requests, page.person(), *settings);
 }
 

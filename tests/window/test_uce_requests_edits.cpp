@@ -128,10 +128,9 @@ TEST_F(UceRequestsEdits, ABadFrameOnTheOtherTabIsToldBeforeThePlacementIsAskedAb
                 "Bad request bytes", Buttons::Ok, Icon::Critical, Answer::Ok);
   expectPositionConfirmation(Answer::Yes);
   key("save", "TBPosData");
-  EXPECT_EQ(recorder.take(),
-            (Events{"box User Error: Bad request bytes",
-                    "box Confirm change: Data has been modified. Save change?",
-                    "UceRequests1.OnSave(false)", "UceRequests1.OnChange()"}));
+  EXPECT_EQ(recorder.take(), (Events{"box User Error: Bad request bytes",
+                                     "box Confirm change: Data has been modified. Save change?",
+                                     "UceRequests1.OnSave(false)", "UceRequests1.OnChange()"}));
   EXPECT_EQ(position("Read", "Wide").StartOctet, 3) << "the placement is kept";
   EXPECT_FALSE(position("Read", "Wide").param);
   EXPECT_EQ(shownTab(), 0);
@@ -314,6 +313,19 @@ TEST_F(UceRequestsEdits, ALineBreakInWhatIsSentIsTold) {
   EXPECT_NE(clipboardText().find("two"), std::string::npos);
   EXPECT_EQ(warning(),
             "A copied cell holds a line break or a tab: pasted back, it will not be the same.");
+}
+
+TEST_F(UceRequestsEdits, WhatCannotBeCopiedIsToldAndCanBeDeleted) {
+  desktop::setClipboardText("mine");
+  the("Read").Commentaire = "a\x01";
+  clickRow(list(), 0);
+  person.expect("GENERIC/error/text", "Error",
+                "Error # 1\r\nRequest 'Read': the character U+0001 cannot be written in XML",
+                Buttons::Ok, Icon::Critical, Answer::Ok);
+  expectDeletion(Answer::Ok);
+  key("cut");
+  EXPECT_FALSE(target().Requests()->ItemName("Read"));
+  EXPECT_EQ(desktop::clipboardText(), "mine");
 }
 
 } // namespace

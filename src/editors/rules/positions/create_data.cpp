@@ -84,10 +84,17 @@ std::shared_ptr<DataItem> makeData(const NewDataKind& kind) {
   auto data = std::make_shared<DataItem>();
   data->NumberBits = kind.NumberBits;
   switch (kind.shape) {
-  case Shape::Numeric: break;
-  case Shape::YesNo: addValues(*data, "No", "Yes"); break;
-  case Shape::OnOff: addValues(*data, "Off", "On"); break;
-  case Shape::Hexa: data->numerique = data->Ascii = false; break;
+  case Shape::Numeric:
+    break;
+  case Shape::YesNo:
+    addValues(*data, "No", "Yes");
+    break;
+  case Shape::OnOff:
+    addValues(*data, "Off", "On");
+    break;
+  case Shape::Hexa:
+    data->numerique = data->Ascii = false;
+    break;
   case Shape::Ascii:
     data->numerique = false;
     data->Ascii = true;
@@ -98,7 +105,9 @@ std::shared_ptr<DataItem> makeData(const NewDataKind& kind) {
 
 } // namespace
 
-std::span<const CreateDataEntry> createDataEntries() { return entries; }
+std::span<const CreateDataEntry> createDataEntries() {
+  return entries;
+}
 
 DataPositionItem* createDataAt(TargetItem& target, RequestItem& request, bool sent,
                                const NewDataKind& kind, const FrameBit& bit,

@@ -18,7 +18,8 @@ struct NewDataKind {
   int NumberBits;
 };
 
-/// One entry of the menu of the byte view. `array` is the name of its menu, `index` its place there.
+/// One entry of the menu of the byte view. `array` is the name of its menu, `index` its place
+/// there.
 struct CreateDataEntry {
   const char* array; ///< ppCDnumericBit, ppCDnumericList, ppCDhexaBytes, ppCDasciiBytes
   int index;

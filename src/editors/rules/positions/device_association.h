@@ -10,9 +10,9 @@ namespace kelmar {
 
 // Bringing the data of positions into devices, over the model alone.
 
-/// Makes the data of a position a data of the device. A reference leaves the device that it belonged
-/// to; a position that is none becomes one, unless another position is the reference of its data:
-/// then nothing changes and the answer is false.
+/// Makes the data of a position a data of the device. A reference leaves the device that it
+/// belonged to; a position that is none becomes one, unless another position is the reference of
+/// its data: then nothing changes and the answer is false.
 bool associateWithDevice(TargetItem& target, DataPositionItem& position, OrganeItem& device,
                          bool failureFlag);
 

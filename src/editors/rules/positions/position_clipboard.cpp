@@ -16,7 +16,8 @@ std::string copyDataPositions(const TargetItem& target, const RequestItem& reque
   out.attribute("Endian", endianText(target));
   out.open("Datas");
   DataDefinitions definitions(out);
-  for (const DataPositionItem* position : positions) definitions.add(position->data());
+  for (const DataPositionItem* position : positions)
+    definitions.add(position->data());
   out.close();
   out.lineFeed();
   out.item("Request", request.requestName);
@@ -65,13 +66,13 @@ class PositionPaste {
     } else if (root == "Datas") {
       readDatas(document.root());
     } else {
-      tell("REQUESTS/MSG/pasteDataPositions/badClipboardData/text",
-           texts_.getMultilangMessageDefault(
-               "Error", "REQUESTS/MSG/pasteDataPositions/badClipboardData/title"),
-           texts_.getMultilangMessageDefault(
-               "Bad clipboard data format",
-               "REQUESTS/MSG/pasteDataPositions/badClipboardData/text"),
-           platform::Icon::Critical);
+      tell(
+          "REQUESTS/MSG/pasteDataPositions/badClipboardData/text",
+          texts_.getMultilangMessageDefault(
+              "Error", "REQUESTS/MSG/pasteDataPositions/badClipboardData/title"),
+          texts_.getMultilangMessageDefault(
+              "Bad clipboard data format", "REQUESTS/MSG/pasteDataPositions/badClipboardData/text"),
+          platform::Icon::Critical);
     }
     datas_.finish();
     positions_.finish();
@@ -96,8 +97,8 @@ class PositionPaste {
   void tellMissing() {
     if (missing_.empty()) return;
     tell("REQUESTS/MSG/pasteDataPositions/dataDoesntExist/text",
-         texts_.getMultilangMessageDefault(
-             "Error", "REQUESTS/MSG/pasteDataPositions/dataDoesntExist/title"),
+         texts_.getMultilangMessageDefault("Error",
+                                           "REQUESTS/MSG/pasteDataPositions/dataDoesntExist/title"),
          texts_.getMultilangMessageDefault(
              "Data : {crlf}{0}{crlf}doesn't exist. You must create data first.",
              "REQUESTS/MSG/pasteDataPositions/dataDoesntExist/text", missing_),
@@ -119,15 +120,15 @@ class PositionPaste {
       changed_ = true;
       return true;
     } catch (const Failure& failure) {
-      return person_.message(
-                 {"REQUESTS/MSG/pasteDataPositions/addDataError/text",
-                  texts_.getMultilangMessageDefault(
-                      "Error", "REQUESTS/MSG/pasteDataPositions/addDataError/title"),
-                  texts_.getMultilangMessageDefault(
-                      "Adding data to the request '{0}'{crlf}Error: {1}",
-                      "REQUESTS/MSG/pasteDataPositions/addDataError/text", request_.requestName,
-                      failure.text),
-                  platform::Buttons::OkCancel, platform::Icon::Critical}) == platform::Answer::Ok;
+      return person_.message({"REQUESTS/MSG/pasteDataPositions/addDataError/text",
+                              texts_.getMultilangMessageDefault(
+                                  "Error", "REQUESTS/MSG/pasteDataPositions/addDataError/title"),
+                              texts_.getMultilangMessageDefault(
+                                  "Adding data to the request '{0}'{crlf}Error: {1}",
+                                  "REQUESTS/MSG/pasteDataPositions/addDataError/text",
+                                  request_.requestName, failure.text),
+                              platform::Buttons::OkCancel, platform::Icon::Critical}) ==
+             platform::Answer::Ok;
     }
   }
 
@@ -209,14 +210,14 @@ class PositionPaste {
 
   const DataItem* dataOf(const std::string& name) {
     if (const DataItem* data = datas_.find(name)) return data;
-    if (!isAgreed("REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text",
-                  texts_.getMultilangMessageDefault(
-                      "Confirm data creation",
-                      "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/title"),
-                  texts_.getMultilangMessageDefault(
-                      "Data '{0}' doesn't exist. Do you want to create this data with default "
-                      "parameters (numeric, 8 bits)?",
-                      "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text", name))) {
+    if (!isAgreed(
+            "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text",
+            texts_.getMultilangMessageDefault(
+                "Confirm data creation", "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/title"),
+            texts_.getMultilangMessageDefault(
+                "Data '{0}' doesn't exist. Do you want to create this data with default "
+                "parameters (numeric, 8 bits)?",
+                "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text", name))) {
       warn(texts_.getMultilangMessageDefault(
           "Data '{0}' doesn't exist. You must create the data before using it.",
           "REQUESTS/MSG/pasteDataPositions/dataDoesntExistStr/text", name));
@@ -231,10 +232,10 @@ class PositionPaste {
   bool isUpdateAgreedTwice(const std::string& name) {
     const bool french = language::global().language == "fr";
     const std::string text =
-        french ? "La donnée '" + name +
-                     "' Existe déjà dans cette requête, Voulez vous mettre à jour la donnée ?"
-               : "Data '" + name +
-                     "' already used in this request, update data position parameters ?";
+        french
+            ? "La donnée '" + name +
+                  "' Existe déjà dans cette requête, Voulez vous mettre à jour la donnée ?"
+            : "Data '" + name + "' already used in this request, update data position parameters ?";
     return isAgreed("", french ? "Confirmer la mise à jour des données" : "Confirm data update",
                     text) &&
            isAgreed("REQUESTS/MSG/pasteDataPositions/dataAlreadyExists/text", confirmTitle(),
@@ -256,8 +257,7 @@ class PositionPaste {
     position->StartOctet = cellNumber(line.trimmed(1), 1, longestPastedFrame, 1);
     position->StartBit = cellNumber(line.trimmed(2), 0, 7, 0);
     position->LittleEndian = line.has(3) ? line.flag(3) : target_.Parametres()->LittleEndian;
-    position->reference =
-        line.flag(4) && !references_.isReferenced(position->dataName);
+    position->reference = line.flag(4) && !references_.isReferenced(position->dataName);
     if (DataPositionItem* present = positions_.find(position->dataName)) {
       if (isUpdateAgreedTwice(position->dataName)) update(*present, *position);
       return true;

@@ -15,8 +15,8 @@ using platform::Buttons;
 using platform::Icon;
 
 std::string userError() {
-  return language::global().getMultilangMessageDefault("Error",
-                                                       "REQUESTS/MSG/CBadd_Click/alreadyUsed/title");
+  return language::global().getMultilangMessageDefault(
+      "Error", "REQUESTS/MSG/CBadd_Click/alreadyUsed/title");
 }
 
 } // namespace
@@ -88,14 +88,14 @@ std::shared_ptr<DataPositionItem> newPosition(RequestItem& request, const DataIt
 void tellNotAdded(const RequestItem& request, const Failure& failure, platform::Person& person) {
   const CMultiLangEx& texts = language::global();
   // French in every language but where the language file says otherwise.
-  person.message({"REQUESTS/MSG/AddDataPositionToActiveRequest/text",
-                  texts.getMultilangMessageDefault(
-                      "Error", "REQUESTS/MSG/AddDataPositionToActiveRequest/title"),
-                  texts.getMultilangMessageDefault(
-                      "Ajout d'une donnée à la requête '{0}'{crlf}. Erreur : {1}",
-                      "REQUESTS/MSG/AddDataPositionToActiveRequest/text", request.requestName,
-                      failure.text),
-                  Buttons::Ok, Icon::Critical});
+  person.message(
+      {"REQUESTS/MSG/AddDataPositionToActiveRequest/text",
+       texts.getMultilangMessageDefault("Error",
+                                        "REQUESTS/MSG/AddDataPositionToActiveRequest/title"),
+       texts.getMultilangMessageDefault("Ajout d'une donnée à la requête '{0}'{crlf}. Erreur : {1}",
+                                        "REQUESTS/MSG/AddDataPositionToActiveRequest/text",
+                                        request.requestName, failure.text),
+       Buttons::Ok, Icon::Critical});
 }
 
 } // namespace
@@ -105,8 +105,8 @@ DataPositionItem* AddDataPositionToActiveRequest(TargetItem& target, RequestItem
                                                  std::int32_t startByte, std::int32_t startBit,
                                                  bool littleEndian, platform::Person& person) {
   auto position = newPosition(request, data, sent, startByte, startBit, littleEndian);
-  position->reference = isReferenceByDefault(request, sent) &&
-                        !target.GetDataPositionFromRefData(data.dataName());
+  position->reference =
+      isReferenceByDefault(request, sent) && !target.GetDataPositionFromRefData(data.dataName());
   if (!request.DataPositions) request.DataPositions = std::make_shared<DataPositionItems>();
   try {
     return request.DataPositions->AddData(std::move(position));
@@ -125,9 +125,9 @@ DataPositionItem* addDataPositions(TargetItem& target, RequestItem& request,
   ComingPositions positions(request);
   const bool byDefault = isReferenceByDefault(request, sent);
   for (const DataItem* data : datas) {
-    auto position = newPosition(request, *data, sent, startByte,
-                                data->numerique ? numericStartBit : 0,
-                                target.Parametres()->LittleEndian);
+    auto position =
+        newPosition(request, *data, sent, startByte, data->numerique ? numericStartBit : 0,
+                    target.Parametres()->LittleEndian);
     position->reference = byDefault && !references.isReferenced(data->dataName());
     try {
       last = positions.add(std::move(position));
@@ -140,8 +140,8 @@ DataPositionItem* addDataPositions(TargetItem& target, RequestItem& request,
   return last;
 }
 
-int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person,
-            const std::function<void()>& confirmed) {
+bool CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person,
+             const std::function<void()>& confirmed) {
   const CMultiLangEx& texts = language::global();
   const platform::Answer answer = person.message(
       {"REQUESTS/MSG/CutData/text",
@@ -152,14 +152,13 @@ int CutData(TargetItem& target, const PositionSelection& positions, platform::Pe
            "means to recover them.",
            "REQUESTS/MSG/CutData/text"),
        Buttons::OkCancel, Icon::Critical});
-  if (answer != platform::Answer::Ok) return 0;
-  if (confirmed) confirmed();
+  if (answer != platform::Answer::Ok) return false;
+  confirmed();
   target.DeleteDataPositions(positions);
-  return static_cast<int>(positions.size());
+  return true;
 }
 
-bool RefDataPos(TargetItem& target, const PositionSelection& positions,
-                platform::Person& person) {
+bool RefDataPos(TargetItem& target, const PositionSelection& positions, platform::Person& person) {
   const CMultiLangEx& texts = language::global();
   bool changed = false;
   for (DataPositionItem* position : positions) {
@@ -169,14 +168,13 @@ bool RefDataPos(TargetItem& target, const PositionSelection& positions,
       position->reference = changed = true;
       continue;
     }
-    person.message({"REQUESTS/MSG/RefDataPos/text",
-                    texts.getMultilangMessageDefault("Unable to change",
-                                                     "REQUESTS/MSG/RefDataPos/title"),
-                    texts.getMultilangMessageDefault(
-                        "Data '{0}' is already defined as reference in request '{1}'",
-                        "REQUESTS/MSG/RefDataPos/text", position->dataName,
-                        holder->parent->requestName),
-                    Buttons::Ok, Icon::Critical});
+    person.message(
+        {"REQUESTS/MSG/RefDataPos/text",
+         texts.getMultilangMessageDefault("Unable to change", "REQUESTS/MSG/RefDataPos/title"),
+         texts.getMultilangMessageDefault(
+             "Data '{0}' is already defined as reference in request '{1}'",
+             "REQUESTS/MSG/RefDataPos/text", position->dataName, holder->parent->requestName),
+         Buttons::Ok, Icon::Critical});
   }
   return changed;
 }
@@ -193,13 +191,13 @@ bool UnRefDataPos(TargetItem& target, const PositionSelection& positions,
       changed = true;
       continue;
     }
-    person.message({"REQUESTS/MSG/UnRefDataPos/text",
-                    texts.getMultilangMessageDefault("Unable to change",
-                                                     "REQUESTS/MSG/UnRefDataPos/title"),
-                    texts.getMultilangMessageDefault(
-                        "Data '{0}' is used by device '{1}'", "REQUESTS/MSG/UnRefDataPos/text",
-                        position->dataName, datum->parent ? datum->parent->organeName : ""),
-                    Buttons::Ok, Icon::Critical});
+    person.message(
+        {"REQUESTS/MSG/UnRefDataPos/text",
+         texts.getMultilangMessageDefault("Unable to change", "REQUESTS/MSG/UnRefDataPos/title"),
+         texts.getMultilangMessageDefault("Data '{0}' is used by device '{1}'",
+                                          "REQUESTS/MSG/UnRefDataPos/text", position->dataName,
+                                          datum->parent ? datum->parent->organeName : ""),
+         Buttons::Ok, Icon::Critical});
   }
   return changed;
 }
@@ -220,7 +218,8 @@ bool toggle(DataPositionItem& position) {
 
 bool toggleEndian(const PositionSelection& positions) {
   bool changed = false;
-  for (DataPositionItem* position : positions) changed |= toggle(*position);
+  for (DataPositionItem* position : positions)
+    changed |= toggle(*position);
   return changed;
 }
 

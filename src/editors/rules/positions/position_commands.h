@@ -37,8 +37,8 @@ void applyFields(const PositionFields& fields, bool sent, DataPositionItem& posi
 DataPositionItem* addByFields(RequestItem& request, const PositionFields& fields, bool sent,
                               platform::Person& person);
 
-/// Adds a placement of a data, which becomes the reference where that is the rule. A failure is told
-/// and gives none.
+/// Adds a placement of a data, which becomes the reference where that is the rule. A failure is
+/// told and gives none.
 DataPositionItem* AddDataPositionToActiveRequest(TargetItem& target, RequestItem& request,
                                                  const DataItem& data, bool sent,
                                                  std::int32_t startByte, std::int32_t startBit,
@@ -51,16 +51,16 @@ DataPositionItem* addDataPositions(TargetItem& target, RequestItem& request,
                                    std::int32_t startByte, std::int32_t numericStartBit,
                                    platform::Person& person);
 
-/// Asks, then deletes; `confirmed` is called in between, where the person agrees. The number of those
-/// deleted.
-int CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person,
-            const std::function<void()>& confirmed = {});
+/// Asks, then deletes; `confirmed` is called in between, where the person agrees. Whether it did.
+bool CutData(TargetItem& target, const PositionSelection& positions, platform::Person& person,
+             const std::function<void()>& confirmed);
 
 /// Make, or unmake, references; what stands against it is told. True when something changed.
 bool RefDataPos(TargetItem& target, const PositionSelection& positions, platform::Person& person);
 bool UnRefDataPos(TargetItem& target, const PositionSelection& positions, platform::Person& person);
 
-/// Other order of bits, on the same bits, for data within one byte; wider ones stay, without a word.
+/// Other order of bits, on the same bits, for data within one byte; wider ones stay, without a
+/// word.
 bool toggleEndian(const PositionSelection& positions);
 /// The same for those whose order is not that of the ECU.
 bool setEndianDefault(const TargetItem& target, const PositionSelection& positions);
@@ -78,8 +78,8 @@ bool replaceData(TargetItem& target, DataPositionItem& position, const DataItem&
 DataItem* newDataLike(TargetItem& target, const DataItem& model, platform::Person& person);
 
 /// Makes the data of these positions data of the device. True when something changed.
-bool associateWithDevice(TargetItem& target, const PositionSelection& positions,
-                         OrganeItem& device, bool failureFlag);
+bool associateWithDevice(TargetItem& target, const PositionSelection& positions, OrganeItem& device,
+                         bool failureFlag);
 bool removeFromDevices(const TargetItem& target, const PositionSelection& positions);
 /// Asks for a name that is free; the default is that of the data. None when the person gives none.
 OrganeItem* newDevice(TargetItem& target, const std::string& proposal, platform::Person& person);

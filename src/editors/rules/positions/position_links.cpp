@@ -18,7 +18,8 @@ std::string askFreeName(platform::Person& person, platform::InputQuestion questi
                         const std::function<bool(const std::string&)>& exists,
                         const std::function<platform::InputQuestion(const std::string&)>& again) {
   std::string name = person.input(question);
-  while (!name.empty() && exists(name)) name = person.input(again(name));
+  while (!name.empty() && exists(name))
+    name = person.input(again(name));
   return name;
 }
 
@@ -92,8 +93,8 @@ DataItem* newDataLike(TargetItem& target, const DataItem& model, platform::Perso
   return target.datas()->AddDataSorted(std::move(data));
 }
 
-bool associateWithDevice(TargetItem& target, const PositionSelection& positions,
-                         OrganeItem& device, bool failureFlag) {
+bool associateWithDevice(TargetItem& target, const PositionSelection& positions, OrganeItem& device,
+                         bool failureFlag) {
   bool changed = false;
   for (DataPositionItem* position : positions)
     changed |= associateWithDevice(target, *position, device, failureFlag);
@@ -102,7 +103,8 @@ bool associateWithDevice(TargetItem& target, const PositionSelection& positions,
 
 bool removeFromDevices(const TargetItem& target, const PositionSelection& positions) {
   bool changed = false;
-  for (const DataPositionItem* position : positions) changed |= removeFromDevice(target, *position);
+  for (const DataPositionItem* position : positions)
+    changed |= removeFromDevice(target, *position);
   return changed;
 }
 

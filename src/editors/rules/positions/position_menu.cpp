@@ -52,11 +52,11 @@ Entries gotoEntries(const PositionPaneState& state, const TargetItem& target,
   const CMultiLangEx& texts = language::global();
   const std::string name = position ? position->dataName : std::string();
   const std::string behind = position ? ": " + name : std::string();
-  Entries entries{gotoEntry("ppDataGoto",
-                            texts.getMultilangMessageDefault(
-                                "Goto data {0}", "REQUESTS/MSG/LVposdata_MouseDown/gotoData/text",
-                                behind),
-                            name, position != nullptr)};
+  Entries entries{
+      gotoEntry("ppDataGoto",
+                texts.getMultilangMessageDefault(
+                    "Goto data {0}", "REQUESTS/MSG/LVposdata_MouseDown/gotoData/text", behind),
+                name, position != nullptr)};
   if (state.hasDevicesPage) {
     const OrganeItem* device =
         position && position->reference ? target.GetDeviceUsingData(name) : nullptr;
@@ -80,8 +80,9 @@ Entries gotoEntries(const PositionPaneState& state, const TargetItem& target,
 }
 
 Entries dataEntries(const TargetItem& target) {
-  Entries entries{{.key = "ppDataReplaceData",
-                   .text = text("[New data] ...", "REQUESTS/CONTROLS/ppDataReplaceData/item0/caption")}};
+  Entries entries{
+      {.key = "ppDataReplaceData",
+       .text = text("[New data] ...", "REQUESTS/CONTROLS/ppDataReplaceData/item0/caption")}};
   if (!target.datas()) return entries;
   for (const DataItem* data : *target.datas())
     entries.push_back({.key = "ppDataReplaceData",
@@ -132,9 +133,9 @@ std::vector<MenuEntry> positionMenu(const PositionPaneState& state, const Target
       menu.command("ppDataCut", text("Cut", "REQUESTS/CONTROLS/ppDataCut/caption"), "Ctrl+X"));
   entries.push_back(
       menu.command("ppDataCopy", text("Copy", "REQUESTS/CONTROLS/ppDataCopy/caption"), "Ctrl+C"));
-  entries.push_back(menu.command("ppDataCopyText",
-                                 text("Copy as text (for a spreadsheet)",
-                                      "REQUESTS/CONTROLS/ppDataCopyText/caption")));
+  entries.push_back(
+      menu.command("ppDataCopyText", text("Copy as text (for a spreadsheet)",
+                                          "REQUESTS/CONTROLS/ppDataCopyText/caption")));
   entries.push_back(menu.command("ppDataPaste",
                                  text("Paste", "REQUESTS/CONTROLS/ppDataPaste/caption"), "Ctrl+V"));
   entries.push_back(Menu::separator("sepDataClipboard"));
@@ -146,17 +147,17 @@ std::vector<MenuEntry> positionMenu(const PositionPaneState& state, const Target
                                  text("Associate selected data to device",
                                       "REQUESTS/CONTROLS/ppDataAssociateDevice/caption"),
                                  deviceEntries(state, target)));
-  entries.push_back(menu.command(
-      "ppDataToggleEndian",
-      text("Change the order of bits", "REQUESTS/CONTROLS/ppDataToggleEndian/caption")));
+  entries.push_back(
+      menu.command("ppDataToggleEndian", text("Change the order of bits",
+                                              "REQUESTS/CONTROLS/ppDataToggleEndian/caption")));
   entries.push_back(menu.command("ppDataSetEndianDefault",
                                  text("Set the order of bits of the ECU",
                                       "REQUESTS/CONTROLS/ppDataSetEndianDefault/caption")));
   if (state.hasScreensPage)
-    entries.push_back(menu.below(
-        "ppCDcopyDataToScreens",
-        text("Copy data in screen", "REQUESTS/CONTROLS/ppCDcopyDataToScreens/caption"),
-        allScreens(target)));
+    entries.push_back(
+        menu.below("ppCDcopyDataToScreens",
+                   text("Copy data in screen", "REQUESTS/CONTROLS/ppCDcopyDataToScreens/caption"),
+                   allScreens(target)));
   entries.push_back(Menu::separator("sepDataHelp"));
   entries.push_back(
       menu.command("ppDataHelp", text("Help", "REQUESTS/CONTROLS/ppDataHelp/caption"), "F1"));
@@ -170,18 +171,16 @@ std::vector<MenuEntry> createDataMenu(const PositionPaneState& state) {
     for (const CreateDataEntry& row : createDataEntries()) {
       if (array != row.array) continue;
       const std::string index = std::to_string(row.index);
-      entries.push_back({.key = row.array,
-                         .text = language::global().getMultilangMessageDefault(
-                             row.text,
-                             "REQUESTS/CONTROLS/" + std::string(array) + "/item" + index +
-                                 "/caption"),
-                         .names = {index}});
+      entries.push_back(
+          {.key = row.array,
+           .text = language::global().getMultilangMessageDefault(
+               row.text, "REQUESTS/CONTROLS/" + std::string(array) + "/item" + index + "/caption"),
+           .names = {index}});
     }
     return entries;
   };
-  return {menu.command("PopupCreateDataC",
-                       text("Paste data at this position",
-                            "REQUESTS/CONTROLS/PopupCreateDataC/caption")),
+  return {menu.command("PopupCreateDataC", text("Paste data at this position",
+                                                "REQUESTS/CONTROLS/PopupCreateDataC/caption")),
           Menu::separator("sepCreateData"),
           menu.below("ppCDnumeric",
                      text("Create numeric data", "REQUESTS/CONTROLS/ppCDnumeric/caption"),

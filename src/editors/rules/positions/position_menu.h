@@ -12,10 +12,10 @@ namespace kelmar {
 
 /// What the commands on placed data depend on.
 struct PositionPaneState {
-  bool request = false;         ///< a request is active
-  bool active = false;          ///< a position is in the fields
-  int selected = 0;             ///< rows
-  bool pending = false;         ///< the fields hold another placement than that of the position
+  bool request = false; ///< a request is active
+  bool active = false;  ///< a position is in the fields
+  int selected = 0;     ///< rows
+  bool pending = false; ///< the fields hold another placement than that of the position
   bool clipboardHasText = false;
   bool associateAsFailure = false; ///< new device data are failure flags
   bool hasScreensPage = false, hasDevicesPage = false;

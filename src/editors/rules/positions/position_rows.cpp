@@ -53,13 +53,12 @@ void showDevice(PositionRow& row, const TargetItem& target) {
   if (test->StoredFlag.findKey(keyOfName(data))) {
     showFlag(row, texts.getMultilangMessageDefault(
                       "Stored failure flag in device '{0}'",
-                      "REQUESTS/MSG/setScreen_DataPos/storedFailureFlag/text",
-                      device->organeName));
+                      "REQUESTS/MSG/setScreen_DataPos/storedFailureFlag/text", device->organeName));
   } else if (test->PresentFlag.findKey(keyOfName(data))) {
-    showFlag(row, texts.getMultilangMessageDefault(
-                      "Present failure flag in device '{0}'",
-                      "REQUESTS/MSG/setScreen_DataPos/presentFailureFlag/text",
-                      device->organeName));
+    showFlag(row,
+             texts.getMultilangMessageDefault(
+                 "Present failure flag in device '{0}'",
+                 "REQUESTS/MSG/setScreen_DataPos/presentFailureFlag/text", device->organeName));
   }
 }
 

@@ -26,9 +26,9 @@ enum PositionColumn {
 struct PositionRow {
   DataPositionItem* position = nullptr;
   std::array<std::string, PositionColumns> cells = {};
-  bool unknown = false;      ///< the data does not exist: red
-  bool outside = false;      ///< behind the end of the frame: red and bold, and not drawn
-  std::string toolTip = {};  ///< of the row
+  bool unknown = false;     ///< the data does not exist: red
+  bool outside = false;     ///< behind the end of the frame: red and bold, and not drawn
+  std::string toolTip = {}; ///< of the row
   std::string refToolTip = {};
   std::optional<std::uint32_t> deviceColour = {};
   bool deviceBold = false;
