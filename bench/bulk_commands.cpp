@@ -37,13 +37,15 @@ struct Ecu {
 double paste(int count) {
   std::string text;
   for (int i = 0; i < count; ++i) {
-    text += "Request " + std::to_string(i) + "\t0\t0\t2101\t0\t8\t0\t6101\t1\t1\t1\t1\t1\tcomment\r\n";
+    text +=
+        "Request " + std::to_string(i) + "\t0\t0\t2101\t0\t8\t0\t6101\t1\t1\t1\t1\t1\tcomment\r\n";
     for (int j = 0; j < 3; ++j)
       text += "\tReceive\tData " + std::to_string((3 * i + j) % datasOfPaste) + "\t" +
               std::to_string(3 + j) + "\t0\t0\t1\r\n";
   }
   Ecu ecu;
-  for (int i = 0; i < datasOfPaste; ++i) ecu.addData("Data " + std::to_string(i));
+  for (int i = 0; i < datasOfPaste; ++i)
+    ecu.addData("Data " + std::to_string(i));
   const double seconds =
       secondsOf([&] { pasteRequests(text, ecu.database, ecu.target(), ecu.person); });
   if (ecu.target().Requests()->Count() != count) std::abort();

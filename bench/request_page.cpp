@@ -6,8 +6,8 @@
 // bench_request_page keystroke N     types into the field of the sent bytes of a frame of N bytes,
 //                                    and into a bare QLineEdit with the same text
 //
-// Prints two figures, ours and the baseline: seconds until what changed is painted; of five fillings
-// the least, of sixty keystrokes the median.
+// Prints two figures, ours and the baseline: seconds until what changed is painted; of five
+// fillings the least, of sixty keystrokes the median.
 
 #include "bench/figures.h"
 #include "desktop/qt_text.h"
@@ -48,7 +48,8 @@ void show(QWidget& window) {
 struct Ecu {
   explicit Ecu(int requests) {
     database.NewTarget();
-    for (int i = 0; i < requests; ++i) add("Request " + std::to_string(i), "2101");
+    for (int i = 0; i < requests; ++i)
+      add("Request " + std::to_string(i), "2101");
   }
   RequestItem& add(const std::string& name, const std::string& sent) {
     TargetItem& target = *database.ActiveTarget;
@@ -122,7 +123,8 @@ double typeInto(QLineEdit& field) {
 
 std::string hexOf(int bytes) {
   std::string hex;
-  for (int i = 0; i < bytes; ++i) hex += i % 2 == 0 ? "2E" : "90";
+  for (int i = 0; i < bytes; ++i)
+    hex += i % 2 == 0 ? "2E" : "90";
   return hex;
 }
 

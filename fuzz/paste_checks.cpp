@@ -111,7 +111,8 @@ std::string textOf(const Item& item) {
 
 Content contentOf(const TargetItem& target) {
   Content content;
-  for (const DataItem* data : *target.datas()) content.datas[data->dataName()] = textOf(*data);
+  for (const DataItem* data : *target.datas())
+    content.datas[data->dataName()] = textOf(*data);
   for (const RequestItem* request : *target.Requests())
     content.requests[request->requestName] = textOf(*request);
   return content;
@@ -173,8 +174,8 @@ std::string withoutBlanks(std::string text) {
 }
 
 /// What was read from lines is written to lines that read back as the same. Cells are cut at a
-/// length after their blanks went, so that a blank may come to stand at the end and go with the next
-/// paste.
+/// length after their blanks went, so that a blank may come to stand at the end and go with the
+/// next paste.
 std::string brokenByCopying(Paste where, TargetItem& target) {
   const auto copied = [&](bool& broken) {
     if (where == Paste::Datas) {
@@ -183,23 +184,26 @@ std::string brokenByCopying(Paste where, TargetItem& target) {
       return text.text;
     }
     RequestSelection all;
-    for (RequestItem* request : *target.Requests()) all.push_back(request);
+    for (RequestItem* request : *target.Requests())
+      all.push_back(request);
     return copyRequestsText(all, broken);
   };
   FuzzPerson person(FuzzPerson::Yes);
   bool broken = false;
   const std::string first = copied(broken);
   if (broken) return {};
-  if (where == Paste::Datas) pasteDatasText(first, target, person);
-  else pasteDataFromExcel(first, target, person);
+  if (where == Paste::Datas)
+    pasteDatasText(first, target, person);
+  else
+    pasteDataFromExcel(first, target, person);
   const std::string second = copied(broken);
   if (withoutBlanks(first) == withoutBlanks(second)) return {};
   return differenceOf("copied lines read back as others", first, second);
 }
 
 /// A coefficient that a file cannot give back, on purpose: a small divisor is read into the offset,
-/// one beyond 28 digits is no decimal, and an offset below them is written as 0, which the next save
-/// leaves out. Lines can bring them all.
+/// one beyond 28 digits is no decimal, and an offset below them is written as 0, which the next
+/// save leaves out. Lines can bring them all.
 bool hasCoefficientThatIsLost(const TargetItem& target) {
   constexpr double greatestDecimal = 7.9e28;
   for (const DataItem* data : *target.datas()) {
@@ -230,8 +234,8 @@ struct Notes {
 /// What one paste may have done.
 struct Done {
   bool changed = false;
-  bool mayUpdate = false;    ///< what was there
-  std::string except = {};   ///< the one item that may be another in any case
+  bool mayUpdate = false;  ///< what was there
+  std::string except = {}; ///< the one item that may be another in any case
 };
 
 Done paste(Paste where, const std::string& text, unsigned way, OmnikorLibXml& database,
@@ -290,12 +294,11 @@ std::string brokenByPaste(Paste where, std::string_view input) {
   const Notes notes(target);
   const auto save = saved(*database);
   if (!save) return notes.refused ? "" : "the model cannot be saved";
-  if (!done.changed && *save != ecu())
-    return differenceOf("changed, but not told", ecu(), *save);
+  if (!done.changed && *save != ecu()) return differenceOf("changed, but not told", ecu(), *save);
   const Content after = contentOf(target);
   if (!done.mayUpdate) {
-    for (const auto& [old, now] : {std::pair(&before.datas, &after.datas),
-                                   {&before.requests, &after.requests}})
+    for (const auto& [old, now] :
+         {std::pair(&before.datas, &after.datas), {&before.requests, &after.requests}})
       if (const std::string problem = changedItem(*old, *now, done.except); !problem.empty())
         return problem;
   }
@@ -305,7 +308,8 @@ std::string brokenByPaste(Paste where, std::string_view input) {
   const auto again = loaded(*save);
   const auto second = again ? saved(*again) : std::nullopt;
   if (!second) return "what was saved cannot be loaded and saved:\n" + *save;
-  if (*second != *save && !loses && !notes.lose) return differenceOf("the second save differs", *save, *second);
+  if (*second != *save && !loses && !notes.lose)
+    return differenceOf("the second save differs", *save, *second);
 
   const bool isText = !xml::Document().loadXML(text);
   if (isText && (where == Paste::Datas || where == Paste::Requests))

@@ -15,7 +15,8 @@ enum class Paste { Datas, Values, Requests, Positions, DatasAtBit, Identificatio
 /// - bits 0 and 1: Yes to all, No to all, Cancel to all, or one and the other;
 /// - bit 2: the sent side of a request, else the received one;
 /// - bit 3: in French, else in English;
-/// - bit 4: a request of the maintainability report, whose data become references, else another one.
+/// - bit 4: a request of the maintainability report, whose data become references, else another
+/// one.
 ///
 /// Empty, or what did not hold:
 /// - the model has no item twice, and every position has its data;

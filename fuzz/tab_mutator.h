@@ -8,8 +8,8 @@
 
 namespace kelmar::fuzz {
 
-/// Changes one thing of lines of cells: a cell becomes another one, goes or comes twice; a line goes,
-/// comes twice or changes place; a line end becomes one of another kind.
+/// Changes one thing of lines of cells: a cell becomes another one, goes or comes twice; a line
+/// goes, comes twice or changes place; a line end becomes one of another kind.
 std::string mutateLines(std::string_view text, std::mt19937& random);
 
 } // namespace kelmar::fuzz

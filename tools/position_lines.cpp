@@ -4,8 +4,8 @@
 // The lines that the list of placed data copies and pastes, of all requests of an ECU at once, for
 // tools/calc_round_trip:
 //
-//   position_lines copy FILE              prints a line "'REQUEST<tab>SIDE" and the lines of that side
-//   position_lines paste FILE INPUT OUT   pastes such lines, and saves to OUT
+//   position_lines copy FILE              prints a line "'REQUEST<tab>SIDE" and the lines of that
+//   side position_lines paste FILE INPUT OUT   pastes such lines, and saves to OUT
 
 #include "app/cli/edit_file.h"
 #include "app/cli/telling_person.h"
@@ -66,8 +66,7 @@ int pasteLines(const Arguments& arguments, const std::string& input) {
 }
 
 int run(const Words& words) {
-  if (words.size() == 2 && words[0] == "copy")
-    return copyLines(Arguments({words[1]}, fileOptions));
+  if (words.size() == 2 && words[0] == "copy") return copyLines(Arguments({words[1]}, fileOptions));
   if (words.size() == 4 && words[0] == "paste")
     return pasteLines(Arguments({words[1], "-o", words[3]}, savingOptions), words[2]);
   std::fputs("position_lines copy FILE | paste FILE INPUT OUT\n", stderr);

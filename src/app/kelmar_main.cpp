@@ -33,7 +33,9 @@ bool isSet(const char* variable) {
   return value && *value;
 }
 
-void complain(const std::string& text) { std::fprintf(stderr, "kelmar: %s\n", text.c_str()); }
+void complain(const std::string& text) {
+  std::fprintf(stderr, "kelmar: %s\n", text.c_str());
+}
 
 /// What the window system has to say ends in one line and an exit code, not in a core dump.
 void onMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
@@ -66,10 +68,8 @@ class EndAfterPaint : public QObject {
 /// The options that another window of this program needs, too.
 std::vector<std::string> inherited(const kelmar::frame::CommandLine& line) {
   std::vector<std::string> arguments;
-  if (!line.site.empty())
-    arguments.push_back("--site=" + line.site);
-  if (!line.language.empty())
-    arguments.push_back("--lang=" + line.language);
+  if (!line.site.empty()) arguments.push_back("--site=" + line.site);
+  if (!line.language.empty()) arguments.push_back("--lang=" + line.language);
   return arguments;
 }
 
@@ -90,8 +90,7 @@ int runWindow(QApplication& application, const kelmar::frame::CommandLine& line)
         machine, {kelmar::desktop::u8(QApplication::applicationFilePath()), inherited(line)},
         kelmar::pageMakers(machine));
     EndAfterPaint end;
-    if (isSet("KELMAR_EXIT_AFTER_PAINT"))
-      window.installEventFilter(&end);
+    if (isSet("KELMAR_EXIT_AFTER_PAINT")) window.installEventFilter(&end);
     window.start(line.commandString);
     if (!line.file.empty())
       QTimer::singleShot(0, &window, [&window, &line] { window.openFile(line.file); });

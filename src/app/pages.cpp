@@ -10,8 +10,7 @@ namespace kelmar {
 
 omnikorEditor::PageMakers pageMakers(const KelmarForm::Machine& machine) {
   return {
-      {"UCEparam",
-       [machine](QWidget* parent) { return new UceEditParam(machine.person, parent); }},
+      {"UCEparam", [machine](QWidget* parent) { return new UceEditParam(machine.person, parent); }},
       {"datas",
        [machine](QWidget* parent) {
          return new UceDatas(machine.person, machine.site.DataRoot(), parent);

@@ -12,7 +12,8 @@ namespace kelmar {
 /// From names to values, compared byte for byte. The names are not copied: whoever adds one keeps
 /// its bytes where they are until it is erased. Made for hundreds of thousands of names, where a
 /// table of nodes would spend its time waiting for memory: a look-up touches one slot and the name.
-template <class Value> class NameIndex {
+template <class Value>
+class NameIndex {
  public:
   std::size_t size() const { return used_; }
 
@@ -87,7 +88,8 @@ template <class Value> class NameIndex {
     for (const Slot& slot : old) {
       if (!slot.name) continue;
       std::size_t at = slot.hash & mask();
-      while (slots_[at].name) at = (at + 1) & mask();
+      while (slots_[at].name)
+        at = (at + 1) & mask();
       slots_[at] = slot;
     }
   }

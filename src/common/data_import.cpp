@@ -39,7 +39,9 @@ SourceEndianness::SourceEndianness(TargetItem& target, xml::Node root)
     parameters_.LittleEndian = std::string_view(endian.value()) == "Little";
 }
 
-SourceEndianness::~SourceEndianness() { parameters_.LittleEndian = before_; }
+SourceEndianness::~SourceEndianness() {
+  parameters_.LittleEndian = before_;
+}
 
 const char* endianText(const TargetItem& target) {
   return target.Parametres()->LittleEndian ? "Little" : "Big";
@@ -49,7 +51,9 @@ ComingDatas::ComingDatas(TargetItem& target) : target_(target) {
   if (!target.datas()) target.setDatas(std::make_shared<DataItems>());
 }
 
-std::string ComingDatas::key(const std::string& name) { return std::string(FoldedKey(name).view()); }
+std::string ComingDatas::key(const std::string& name) {
+  return std::string(FoldedKey(name).view());
+}
 
 DataItem* ComingDatas::find(const std::string& name) const {
   if (DataItem* data = target_.datas()->ItemName(name)) return data;
@@ -95,7 +99,9 @@ DataPositionItem* ComingPositions::add(DataPositionItems::Pointer position) {
   return added_.back().get();
 }
 
-void ComingPositions::finish() { request_.DataPositions->AddAll(std::exchange(added_, {})); }
+void ComingPositions::finish() {
+  request_.DataPositions->AddAll(std::exchange(added_, {}));
+}
 
 bool isReferenceByDefault(const RequestItem& request, bool param) {
   if (param || request.ManuelSend || !request.DossierMaintenabilite) return false;

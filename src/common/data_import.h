@@ -10,8 +10,8 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
-#include <vector>
 #include <unordered_set>
+#include <vector>
 
 namespace kelmar {
 
@@ -44,8 +44,8 @@ class SourceEndianness {
 /// "Little" or "Big": the attribute `Endian` of a fragment.
 const char* endianText(const TargetItem& target);
 
-/// The data of an ECU during a paste: those that it has and those that are on their way into it. They
-/// all find their sorted places at the end, as if they had come one by one.
+/// The data of an ECU during a paste: those that it has and those that are on their way into it.
+/// They all find their sorted places at the end, as if they had come one by one.
 class ComingDatas {
  public:
   /// An ECU without list of data gets an empty one.

@@ -23,11 +23,11 @@ std::optional<std::string> EcuSaving::askForFile(const std::string& file,
 
 bool EcuSaving::mayBeSaved(const OmnikorLibXml& database) const {
   if (!database.loadedFromQvr()) return true;
-  person_.message({"SELECTOR/MSG/saveQvr/text",
-                   texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/saveQvr/title"),
-                   texts_.getMultilangMessageDefault(siblingToolRefusal,
-                                                     "SELECTOR/MSG/saveQvr/text"),
-                   platform::Buttons::Ok, platform::Icon::Exclamation});
+  person_.message(
+      {"SELECTOR/MSG/saveQvr/text",
+       texts_.getMultilangMessageDefault("Save error", "SELECTOR/MSG/saveQvr/title"),
+       texts_.getMultilangMessageDefault(siblingToolRefusal, "SELECTOR/MSG/saveQvr/text"),
+       platform::Buttons::Ok, platform::Icon::Exclamation});
   return false;
 }
 
@@ -38,7 +38,8 @@ EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file,
   const std::string bytes = database.ecuFileBytes();
   if (beforeWriting) beforeWriting();
   // What was meant to be written is well formed by the way it is made, so that the file can be read
-  // exactly when it holds these bytes, and that is compared before it takes the place of the old one.
+  // exactly when it holds these bytes, and that is compared before it takes the place of the old
+  // one.
   if (!database.writeEcuFile(file, bytes)) return EcuSaveResult::BadlySaved;
   database.forgetReport();
   if (database.ActiveTarget) database.ActiveTarget->ValueChanged = false;

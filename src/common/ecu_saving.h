@@ -16,10 +16,10 @@ class CMultiLangEx;
 /// How a save of the open ECU ended.
 enum class EcuSaveResult { Saved, FileIsProtected, BadlySaved };
 
-/// Writes the ECU to the file and reads it back. A read-only file is not touched. Nothing is kept of
-/// the report of the load, nor the mark of a change, after a success. Raises Failure for an ECU that
-/// cannot be written; the file is untouched then. `beforeWriting` runs when nothing stands against
-/// the save any more but the disk; what it raises leaves the file untouched, too.
+/// Writes the ECU to the file and reads it back. A read-only file is not touched. Nothing is kept
+/// of the report of the load, nor the mark of a change, after a success. Raises Failure for an ECU
+/// that cannot be written; the file is untouched then. `beforeWriting` runs when nothing stands
+/// against the save any more but the disk; what it raises leaves the file untouched, too.
 EcuSaveResult saveEcu(OmnikorLibXml& database, const std::string& file,
                       const std::function<void()>& beforeWriting = {});
 
@@ -34,16 +34,16 @@ class EcuSaving {
   /// All must outlive it.
   EcuSaving(platform::Person& person, const CMultiLangEx& texts) : person_(person), texts_(texts) {}
 
-  /// Where the person wants the file. `file` is the present one; when it is empty a name is proposed.
-  /// None on cancel.
+  /// Where the person wants the file. `file` is the present one; when it is empty a name is
+  /// proposed. None on cancel.
   std::optional<std::string> askForFile(const std::string& file, const TargetItem& target) const;
 
   /// False, and told, for a file of the sibling tool, which is never saved.
   bool mayBeSaved(const OmnikorLibXml& database) const;
 
-  /// Writes the ECU to the file. False, and told, when the file is read-only, when the ECU cannot be
-  /// written (the file is untouched then), and when the file does not read back as it was meant to
-  /// be (it stays as it is).
+  /// Writes the ECU to the file. False, and told, when the file is read-only, when the ECU cannot
+  /// be written (the file is untouched then), and when the file does not read back as it was meant
+  /// to be (it stays as it is).
   bool write(OmnikorLibXml& database, const std::string& file) const;
 
  private:

@@ -8,7 +8,8 @@ namespace kelmar {
 
 std::string freeNewName(const NameExists& exists) {
   std::string name = "New";
-  for (int number = 1; exists(name); ++number) name = "New" + std::to_string(number);
+  for (int number = 1; exists(name); ++number)
+    name = "New" + std::to_string(number);
   return name;
 }
 
@@ -21,8 +22,12 @@ std::string CopyNames::freeName(const std::string& name, const NameExists& exist
   return candidate;
 }
 
-bool hasStraySpaces(std::string_view name) { return CleanSpaces(name) != name; }
+bool hasStraySpaces(std::string_view name) {
+  return CleanSpaces(name) != name;
+}
 
-std::string typedName(std::string_view text) { return SemicolonsToUnderscores(CleanSpaces(text)); }
+std::string typedName(std::string_view text) {
+  return SemicolonsToUnderscores(CleanSpaces(text));
+}
 
 } // namespace kelmar

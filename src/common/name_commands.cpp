@@ -26,8 +26,8 @@ bool isConfirmed(const NameCommand& command, platform::Person& person, const std
 std::function<std::string(const std::string&)> askNameChange(const NameCommand& command,
                                                              platform::Person& person) {
   if (command.change == NameChange::Replace) {
-    const std::string wanted = person.input({command.search.key, textOf(command.searchTitle),
-                                             textOf(command.search), ""});
+    const std::string wanted =
+        person.input({command.search.key, textOf(command.searchTitle), textOf(command.search), ""});
     if (wanted.empty()) return {};
     const std::string replacement =
         person.input({command.replacement.key, textOf(command.replacementTitle),
@@ -37,11 +37,15 @@ std::function<std::string(const std::string&)> askNameChange(const NameCommand& 
   }
   if (!isConfirmed(command, person)) return {};
   switch (command.change) {
-  case NameChange::Normalize: return [](const std::string& name) { return CleanSpaces(name); };
-  case NameChange::UpperCase: return [](const std::string& name) { return upperCase(name); };
-  case NameChange::LowerCase: return [](const std::string& name) { return lowerCase(name); };
+  case NameChange::Normalize:
+    return [](const std::string& name) { return CleanSpaces(name); };
+  case NameChange::UpperCase:
+    return [](const std::string& name) { return upperCase(name); };
+  case NameChange::LowerCase:
+    return [](const std::string& name) { return lowerCase(name); };
   // Both entries do the same; they differ in the texts that they ask with.
-  default: return [](const std::string& name) { return CapitalizeWords(name, false); };
+  default:
+    return [](const std::string& name) { return CapitalizeWords(name, false); };
   }
 }
 

@@ -11,7 +11,14 @@
 namespace kelmar {
 
 /// The commands that change the names of all selected items.
-enum class NameChange { Normalize, UpperCase, LowerCase, CapitalizeWords, CapitalizeWords1, Replace };
+enum class NameChange {
+  Normalize,
+  UpperCase,
+  LowerCase,
+  CapitalizeWords,
+  CapitalizeWords1,
+  Replace
+};
 
 /// A text of the language service: its key and its default.
 struct KeyedText {

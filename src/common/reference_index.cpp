@@ -7,7 +7,8 @@
 namespace kelmar {
 
 ReferenceIndex::ReferenceIndex(const TargetItem& target) {
-  for (const DataPositionItem* position : target.datasRefAll()) add(position->dataName);
+  for (const DataPositionItem* position : target.datasRefAll())
+    add(position->dataName);
 }
 
 bool ReferenceIndex::isReferenced(const std::string& dataName) const {
@@ -33,7 +34,8 @@ std::unordered_set<std::string> deviceDataNames(const TargetItem& target) {
   if (!target.Organes()) return names;
   for (const OrganeItem* device : *target.Organes()) {
     if (!device->DeviceDatas) continue;
-    for (const DeviceDataItem* datum : *device->DeviceDatas) names.insert(datum->dataName);
+    for (const DeviceDataItem* datum : *device->DeviceDatas)
+      names.insert(datum->dataName);
   }
   return names;
 }

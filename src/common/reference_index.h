@@ -10,8 +10,8 @@
 namespace kelmar {
 
 /// Which data are a reference somewhere in the ECU, for a command that asks for thousands of them:
-/// each answer of the model walks all positions. The index holds as long as whoever made it tells it
-/// of every reference that comes or goes.
+/// each answer of the model walks all positions. The index holds as long as whoever made it tells
+/// it of every reference that comes or goes.
 class ReferenceIndex {
  public:
   explicit ReferenceIndex(const TargetItem& target);

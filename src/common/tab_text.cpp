@@ -24,7 +24,8 @@ void TabText::endLine() {
 }
 
 void TabText::line(std::initializer_list<std::string_view> cells) {
-  for (std::string_view text : cells) cell(text);
+  for (std::string_view text : cells)
+    cell(text);
   endLine();
 }
 
@@ -62,7 +63,9 @@ bool TabReader::next(TabLine& line) {
   return true;
 }
 
-std::string_view upToZero(std::string_view text) { return text.substr(0, text.find('\0')); }
+std::string_view upToZero(std::string_view text) {
+  return text.substr(0, text.find('\0'));
+}
 
 int cellNumber(std::string_view cell, int least, int greatest, int otherwise) {
   try {

@@ -21,7 +21,8 @@ class TabText {
   TabText& flag(bool value) { return cell(value ? "1" : "0"); }
   void endLine();
   void line(std::initializer_list<std::string_view> cells);
-  /// A cell held a line break or a tab, which a spreadsheet or a paste takes for the end of the cell.
+  /// A cell held a line break or a tab, which a spreadsheet or a paste takes for the end of the
+  /// cell.
   bool hasBrokenCell() const { return hasBrokenCell_; }
   const std::string& text() const { return text_; }
 

@@ -20,8 +20,8 @@ using desktop::qs;
 
 namespace {
 
-/// A name that is being typed in a list keeps the focus when a button is clicked: it is taken before
-/// a command shows or writes what the list has.
+/// A name that is being typed in a list keeps the focus when a button is clicked: it is taken
+/// before a command shows or writes what the list has.
 void finishTypedName() {
   for (QWidget* widget = QApplication::focusWidget(); widget; widget = widget->parentWidget())
     if (auto* list = qobject_cast<ListView*>(widget)) list->finishName();

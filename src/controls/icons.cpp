@@ -183,7 +183,8 @@ void drawCopy(const Canvas& c) {
   c.painter.drawRect(QRectF(4, 3, 11, 14));
   c.painter.drawRect(QRectF(9, 7, 11, 14));
   c.painter.setPen(QPen(c.line(blue), 1.5));
-  for (const double y : {11.0, 14.0, 17.0}) c.lines({{11.5, y}, {17.5, y}});
+  for (const double y : {11.0, 14.0, 17.0})
+    c.lines({{11.5, y}, {17.5, y}});
 }
 
 void drawPaste(const Canvas& c) {
@@ -256,9 +257,8 @@ const std::map<std::string, Drawing, std::less<>>& drawings() {
     return [hue, text = QString::fromLatin1(letters)](const Canvas& c) { drawEcu(c, hue, text); };
   };
   static const auto sign = [](int hue, const char* text) {
-    return [hue, letters = QString::fromLatin1(text)](const Canvas& c) {
-      drawSign(c, hue, letters);
-    };
+    return
+        [hue, letters = QString::fromLatin1(text)](const Canvas& c) { drawSign(c, hue, letters); };
   };
   static const std::map<std::string, Drawing, std::less<>> table = {
       {"open", drawOpen},
@@ -283,7 +283,8 @@ const std::map<std::string, Drawing, std::less<>>& drawings() {
       {"manual", sign(orange, "M")},
       {"dmmanual", sign(violet, "DM")},
       {"ref", sign(blue, "R")},
-      {"unref", [](const Canvas& c) {
+      {"unref",
+       [](const Canvas& c) {
          drawSign(c, blue, QStringLiteral("R"));
          c.painter.setPen(QPen(c.line(red), 2.4));
          c.lines({{3, 21}, {21, 3}});

@@ -45,7 +45,8 @@ ListPage::ListPage(platform::Person& person, FindTexts find, QWidget* parent)
 ListPage::~ListPage() {
   // What the page held is gone, its children are not: a field that loses the focus would still tell
   // what was typed, and the list would ask for its texts.
-  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+  for (QObject* child : findChildren<QObject*>())
+    child->disconnect(this);
   if (list_) list_->rows().setRows({});
 }
 
@@ -62,7 +63,9 @@ void ListPage::useList(ListView& list, QLabel& count) {
   });
 }
 
-void ListPage::bindPageKeys() { new PageKeys(*this); }
+void ListPage::bindPageKeys() {
+  new PageKeys(*this);
+}
 
 bool ListPage::eventFilter(QObject* watched, QEvent* event) {
   if (list_ && watched == list_->viewport() && event->type() == QEvent::MouseButtonPress &&
@@ -102,7 +105,9 @@ void ListPage::makeActive(RowTag item) {
   stateMoved();
 }
 
-void ListPage::dropActive() { makeActive(nullptr); }
+void ListPage::dropActive() {
+  makeActive(nullptr);
+}
 
 void ListPage::SetChanged(int kind) {
   if (!active_ || edits_.loading()) return;
@@ -138,9 +143,8 @@ void ListPage::fill(const std::function<void()>& select) {
 void ListPage::fillList() {
   fill([this] {
     const RowTag remembered = itemNamed(lastName_);
-    const int row = remembered && nameOf(remembered) == lastName_
-                        ? list_->rows().rowOf(remembered)
-                        : -1;
+    const int row =
+        remembered && nameOf(remembered) == lastName_ ? list_->rows().rowOf(remembered) : -1;
     list_->selectRow(std::max(row, 0));
   });
 }
@@ -149,7 +153,9 @@ void ListPage::fillList(int row) {
   fill([this, row] { list_->selectRow(row); });
 }
 
-void ListPage::refreshCount() { count_->setText(qs(countText(list_->rows().rowCount()))); }
+void ListPage::refreshCount() {
+  count_->setText(qs(countText(list_->rows().rowCount())));
+}
 
 void ListPage::refreshActiveRow() {
   if (active_) list_->rows().refresh(active_);
@@ -201,7 +207,8 @@ void ListPage::selectWhere(const std::function<bool(RowTag)>& wanted) {
   // Neighbours are one range: 20,000 ranges would take the list its time at every repaint.
   for (int row = 0; row < count; ++row) {
     const int first = row;
-    while (row < count && wanted(tags[static_cast<std::size_t>(row)])) ++row;
+    while (row < count && wanted(tags[static_cast<std::size_t>(row)]))
+      ++row;
     if (row > first)
       selection.append({rows.index(first, 0), rows.index(row - 1, rows.columnCount() - 1)});
   }
@@ -212,8 +219,8 @@ void ListPage::FindItem(const std::string& text) {
   if (list_->rows().rowCount() == 0) return;
   std::string wanted = text;
   if (wanted.empty()) {
-    wanted = person_.input({findTexts_.text.key, textOf(findTexts_.title),
-                            textOf(findTexts_.text), findText_});
+    wanted = person_.input(
+        {findTexts_.text.key, textOf(findTexts_.title), textOf(findTexts_.text), findText_});
     if (wanted.empty()) return;
   }
   findText_ = wanted;

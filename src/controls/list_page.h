@@ -84,7 +84,10 @@ class ListPage : public Page {
 
   /// The item in the fields, null when there is none.
   RowTag active() const { return active_; }
-  template <class Item> Item* activeItem() const { return static_cast<Item*>(active_); }
+  template <class Item>
+  Item* activeItem() const {
+    return static_cast<Item*>(active_);
+  }
   /// For an item that is about to vanish: no item is active any more, the fields are emptied.
   void dropActive();
 

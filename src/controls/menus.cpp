@@ -33,10 +33,9 @@ void fillMenu(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuChoi
         fillMenu(*below, entry.entries, chosen);
         continue;
       }
-      QObject::connect(below, &QMenu::aboutToShow, below,
-                       [below, entries = entry.entries, chosen] {
-                         if (below->isEmpty()) fillMenu(*below, entries, chosen);
-                       });
+      QObject::connect(below, &QMenu::aboutToShow, below, [below, entries = entry.entries, chosen] {
+        if (below->isEmpty()) fillMenu(*below, entries, chosen);
+      });
       continue;
     }
     QAction* action = menu.addAction(text);

@@ -12,7 +12,8 @@ namespace kelmar {
 // What every layout is made of. Names and texts are ASCII.
 
 /// A control below `parent` with the object name by which the language file and tests find it.
-template <class Widget> Widget* named(const char* name, QWidget* parent) {
+template <class Widget>
+Widget* named(const char* name, QWidget* parent) {
   auto* widget = new Widget(parent);
   widget->setObjectName(QLatin1String(name));
   return widget;

@@ -8,7 +8,8 @@
 namespace kelmar {
 
 PageKeys::PageKeys(QWidget& page) : QObject(&page) {
-  for (QWidget* field : page.findChildren<QWidget*>()) field->installEventFilter(this);
+  for (QWidget* field : page.findChildren<QWidget*>())
+    field->installEventFilter(this);
 }
 
 bool PageKeys::eventFilter(QObject* watched, QEvent* event) {

@@ -80,9 +80,8 @@ ZEMnumeric::ZEMnumeric(QWidget* parent)
   cbBase_->setFocusPolicy(Qt::NoFocus);
   popupBase_->setObjectName("popupBase");
   buildBaseMenu();
-  connect(cbBase_, &QToolButton::clicked, this, [this] {
-    popupBase_->popup(cbBase_->mapToGlobal(cbBase_->rect().bottomLeft()));
-  });
+  connect(cbBase_, &QToolButton::clicked, this,
+          [this] { popupBase_->popup(cbBase_->mapToGlobal(cbBase_->rect().bottomLeft())); });
 
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -249,8 +248,8 @@ void ZEMnumeric::Refresh() {
 
 void ZEMnumeric::commitText() {
   if (showsValue()) {
-    // A value that was set while it was free may lie outside the limits that hold for typing; nobody
-    // has typed it.
+    // A value that was set while it was free may lie outside the limits that hold for typing;
+    // nobody has typed it.
   } else if (const auto number = readNumber(u8(text()), rules_.Base)) {
     take(*number);
   } else {

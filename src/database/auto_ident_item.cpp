@@ -82,15 +82,16 @@ AutoIdentItem* AutoIdentItems::FindItemObject(std::int32_t diag, std::string_vie
   return position == 0 ? nullptr : Item(position);
 }
 
-void AutoIdentItems::deleteItem(std::int32_t diag, std::string_view supplier,
-                                std::string_view soft, std::string_view version) {
+void AutoIdentItems::deleteItem(std::int32_t diag, std::string_view supplier, std::string_view soft,
+                                std::string_view version) {
   if (const int position = FindItem(diag, supplier, soft, version); position != 0)
     take(position)->clear();
 }
 
 std::shared_ptr<AutoIdentItems> AutoIdentItems::clone(TargetItem* newParent) const {
   auto copy = std::make_shared<AutoIdentItems>();
-  for (const AutoIdentItem* item : *this) copy->AddData(item->clone(newParent));
+  for (const AutoIdentItem* item : *this)
+    copy->AddData(item->clone(newParent));
   return copy;
 }
 

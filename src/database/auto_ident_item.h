@@ -39,8 +39,8 @@ class AutoIdentItems : public Items<AutoIdentItem> {
   /// Position of the first record that matches all four exactly, or 0.
   int FindItem(std::int32_t diag, std::string_view supplier, std::string_view soft,
                std::string_view version) const;
-  AutoIdentItem* FindItemObject(std::int32_t diag, std::string_view supplier,
-                                std::string_view soft, std::string_view version) const;
+  AutoIdentItem* FindItemObject(std::int32_t diag, std::string_view supplier, std::string_view soft,
+                                std::string_view version) const;
   using Items::deleteItem;
   /// Removes the first record that matches all four.
   void deleteItem(std::int32_t diag, std::string_view supplier, std::string_view soft,

@@ -85,7 +85,8 @@ ButtonItem* ButtonItems::AddData(Pointer item, std::string_view key) {
 
 std::shared_ptr<ButtonItems> ButtonItems::clone(ScreenItem* newParent) const {
   auto copy = std::make_shared<ButtonItems>();
-  for (const ButtonItem* member : *this) copy->AddData(member->clone(newParent));
+  for (const ButtonItem* member : *this)
+    copy->AddData(member->clone(newParent));
   return copy;
 }
 

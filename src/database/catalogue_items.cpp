@@ -42,8 +42,8 @@ bool requireText(LoadContext& load, xml::Node element, const char* attribute, st
   return false;
 }
 
-bool requireNumber(LoadContext& load, xml::Node element, const char* attribute,
-                   std::int32_t& field, const char* complaint) {
+bool requireNumber(LoadContext& load, xml::Node element, const char* attribute, std::int32_t& field,
+                   const char* complaint) {
   if (readNumber(load, element, attribute, field)) return true;
   load.pending.set(1, "loadXml", complaint);
   return false;
@@ -249,8 +249,7 @@ void FunctionItem::loadXml(OmnikorLibXml& database, xml::Node element) {
   load.pending.clear();
   if (!requireText(load, element, "Name", functionName,
                    "FunctionItem.loadXml : Function Name not found") ||
-      !requireNumber(load, element, "Address", Address,
-                     "FunctionItem.loadXml : Address not found"))
+      !requireNumber(load, element, "Address", Address, "FunctionItem.loadXml : Address not found"))
     return;
   // Unlike the writer, on purpose: a site's list keeps the logical address with the protocols.
   const xml::Node logicalAddress =
@@ -293,7 +292,8 @@ FunctionItem* FunctionItems::ItemName(std::string_view name) const {
 
 std::shared_ptr<FunctionItems> FunctionItems::clone() const {
   auto copy = std::make_shared<FunctionItems>();
-  for (const FunctionItem* item : *this) copy->AddData(item->clone());
+  for (const FunctionItem* item : *this)
+    copy->AddData(item->clone());
   return copy;
 }
 

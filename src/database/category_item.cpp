@@ -72,7 +72,9 @@ CategoryItem* CategoryItems::ItemName(std::string_view name) const {
   return nullptr;
 }
 
-void CategoryItems::deleteItem(std::string_view name) { Items::deleteItem(ItemName(name)); }
+void CategoryItems::deleteItem(std::string_view name) {
+  Items::deleteItem(ItemName(name));
+}
 
 void CategoryItems::createXMLnode(xml::Writer& out) const {
   PositionFinder positions;
@@ -92,7 +94,8 @@ void CategoryItems::loadXml(OmnikorLibXml& database, xml::Node parent, TargetIte
   LoadContext& load = database.loading();
   load.pending.clear();
   std::unordered_set<std::string> names;
-  for (const CategoryItem* member : *this) names.insert(member->categoryName);
+  for (const CategoryItem* member : *this)
+    names.insert(member->categoryName);
   loadMembers(
       load, parent, "Category", "Category", MemberTest::Bitwise,
       [&](xml::Node node) {

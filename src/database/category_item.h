@@ -37,8 +37,8 @@ class CategoryItems : public Items<CategoryItem> {
   CategoryItem* AddData(Pointer item, std::string_view key = {});
   /// By exact name.
   CategoryItem* ItemName(std::string_view name) const;
-  /// Deletes the first member of that exact name: names are compared here, on purpose, so that of two
-  /// members of one name the first goes.
+  /// Deletes the first member of that exact name: names are compared here, on purpose, so that of
+  /// two members of one name the first goes.
   void deleteItem(const CategoryItem* item) { deleteItem(item->categoryName); }
   void deleteItem(std::string_view name);
   void createXMLnode(xml::Writer& out) const;

@@ -128,7 +128,8 @@ void DataItem::loadXml(OmnikorLibXml& database, xml::Node element) {
 
 namespace {
 
-/// Runs one statement of a coefficient; a number that the decimal form cannot hold leaves the field.
+/// Runs one statement of a coefficient; a number that the decimal form cannot hold leaves the
+/// field.
 template <class Statement>
 void tolerate(LoadContext& load, xml::Node element, const char* attribute, Statement statement) {
   const xml::Attribute found = element.attribute(attribute);
@@ -191,7 +192,9 @@ DataItem* DataItems::AddDataSorted(Pointer item) {
                        : insertBefore(position, std::move(item), keyOfName(name));
 }
 
-DataItem* DataItems::ItemName(std::string_view name) const { return findKey(keyOfName(name)); }
+DataItem* DataItems::ItemName(std::string_view name) const {
+  return findKey(keyOfName(name));
+}
 
 void DataItems::rename(DataItem* item, const std::string& newName) {
   if (DataItem* found = ItemName(newName)) {

@@ -31,15 +31,15 @@ class DataItem {
   bool numerique = true;       ///< bit data (`Bits`), otherwise byte data (`Bytes`)
   bool liste = false;          ///< shown through DataListes
   bool Signe = false;
-  bool Ascii = false;          ///< byte data shown as text
+  bool Ascii = false; ///< byte data shown as text
   std::string Unite;
-  Coefficient CoeffA{1.0};     ///< multiplier, `Step` in the file
-  Coefficient CoeffB{0.0};     ///< `Offset` in the file
-  Coefficient CoeffC{1.0};     ///< divisor, `DivideBy` in the file
+  Coefficient CoeffA{1.0}; ///< multiplier, `Step` in the file
+  Coefficient CoeffB{0.0}; ///< `Offset` in the file
+  Coefficient CoeffC{1.0}; ///< divisor, `DivideBy` in the file
   std::string DataFormat;
   std::string Mnemo;
-  std::string Description;     ///< free comment, `Comment` in the file; lines end with CR LF
-  std::string Fiche;           ///< sheet text, `Description` in the file
+  std::string Description; ///< free comment, `Comment` in the file; lines end with CR LF
+  std::string Fiche;       ///< sheet text, `Description` in the file
   std::shared_ptr<DataListeItems> DataListes; ///< may be none
   TargetItem* parent = nullptr;
 

@@ -12,7 +12,9 @@ namespace kelmar {
 
 namespace {
 
-std::string foldedKeyOf(const std::string& name) { return std::string(FoldedKey(name).view()); }
+std::string foldedKeyOf(const std::string& name) {
+  return std::string(FoldedKey(name).view());
+}
 
 } // namespace
 
@@ -26,7 +28,8 @@ void DataItems::AddDatasSorted(const std::vector<Pointer>& items) {
     keysAreNames = keysAreNames && ItemName(member->dataName_) == member;
   // A list that is built anew has its keys from the names.
   if (items.size() < few || !keysAreNames) {
-    for (const Pointer& item : items) AddDataSorted(item);
+    for (const Pointer& item : items)
+      AddDataSorted(item);
     return;
   }
   std::list<Pointer> order;
@@ -59,8 +62,10 @@ void DataItems::AddDatasSorted(const std::vector<Pointer>& items) {
       sortAfterTheRest.emplace(name, order.insert(order.end(), item));
     }
   }
-  while (Count() > 0) take(Count());
-  for (const Pointer& member : order) append(member, keyOfName(member->dataName_));
+  while (Count() > 0)
+    take(Count());
+  for (const Pointer& member : order)
+    append(member, keyOfName(member->dataName_));
   if (refused) throw Failure(*refused);
 }
 
@@ -90,7 +95,8 @@ std::vector<bool> DataItems::renameAll(const std::vector<NewName>& names) {
     item->dataName_ = newName;
     auto before = order.end();
     if (!sorted.empty() && newName < *sorted.rbegin()) {
-      do --before;
+      do
+        --before;
       while (!(newName < (*before)->dataName_));
     }
     place->second = order.insert(before, moved);
@@ -98,8 +104,10 @@ std::vector<bool> DataItems::renameAll(const std::vector<NewName>& names) {
     sorted.insert(newName);
   }
 
-  while (Count() > 0) take(Count());
-  for (const Pointer& member : order) append(member, keyOfName(member->dataName_));
+  while (Count() > 0)
+    take(Count());
+  for (const Pointer& member : order)
+    append(member, keyOfName(member->dataName_));
   return renamed;
 }
 

@@ -78,7 +78,8 @@ DataListeItem* DataListeItems::AddDataUnSorted(Pointer item) {
 }
 
 void DataListeItems::AddAll(std::vector<Pointer> items) {
-  for (Pointer& item : items) append(std::move(item));
+  for (Pointer& item : items)
+    append(std::move(item));
 }
 
 DataListeItem* DataListeItems::ItemValue(std::int32_t value) const {
@@ -97,7 +98,8 @@ DataListeItem* DataListeItems::ItemLabel(std::string_view label) const {
 std::int32_t DataListeItems::ValueMax() const {
   if (Count() == 0) return 0;
   std::int32_t greatest = Item(1)->Valeur;
-  for (const DataListeItem* member : *this) greatest = std::max(greatest, member->Valeur);
+  for (const DataListeItem* member : *this)
+    greatest = std::max(greatest, member->Valeur);
   return greatest;
 }
 

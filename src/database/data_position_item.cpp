@@ -66,11 +66,16 @@ struct PositionAttributes {
   explicit PositionAttributes(xml::Node element) {
     for (xml::Attribute attribute : element.attributes()) {
       const std::string_view label = attribute.name();
-      if (label == "Name") name = attribute;
-      else if (label == "FirstByte") firstByte = attribute;
-      else if (label == "BitOffset") bitOffset = attribute;
-      else if (label == "Ref") ref = attribute;
-      else if (label == "Endian") endian = attribute;
+      if (label == "Name")
+        name = attribute;
+      else if (label == "FirstByte")
+        firstByte = attribute;
+      else if (label == "BitOffset")
+        bitOffset = attribute;
+      else if (label == "Ref")
+        ref = attribute;
+      else if (label == "Endian")
+        endian = attribute;
     }
   }
 };
@@ -126,7 +131,8 @@ DataPositionItem* DataPositionItems::AddData(Pointer item) {
 }
 
 void DataPositionItems::AddAll(std::vector<Pointer> items) {
-  for (Pointer& item : items) append(std::move(item));
+  for (Pointer& item : items)
+    append(std::move(item));
 }
 
 DataPositionItem* DataPositionItems::ItemName(std::string_view name) const {
@@ -138,7 +144,8 @@ DataPositionItem* DataPositionItems::ItemName(std::string_view name) const {
 std::shared_ptr<DataPositionItems> DataPositionItems::clone(RequestItem* newParent) const {
   auto copy = std::make_shared<DataPositionItems>();
   // The members of this collection differ in their names already.
-  for (const DataPositionItem* member : *this) copy->append(member->clone(newParent));
+  for (const DataPositionItem* member : *this)
+    copy->append(member->clone(newParent));
   return copy;
 }
 
@@ -166,7 +173,8 @@ void DataPositionItems::loadAll(OmnikorLibXml& database, xml::Node parent, Reque
   load.pending.clear();
   // A long frame holds thousands of positions: the names are looked up in a set that lives here.
   std::unordered_set<std::string_view> names;
-  for (const DataPositionItem* member : *this) names.insert(member->dataName);
+  for (const DataPositionItem* member : *this)
+    names.insert(member->dataName);
   loadMembers(
       load, parent, "DataItem", "Position", strict ? MemberTest::Strict : MemberTest::Bitwise,
       [&](xml::Node node) {

@@ -24,8 +24,8 @@ class DataPositionItem : public std::enable_shared_from_this<DataPositionItem> {
   std::int32_t StartOctet = 1; ///< 1-based byte of the frame
   std::int32_t StartBit = 0;   ///< bit in that byte
   bool LittleEndian = false;
-  bool param = false;          ///< in the sent frame, otherwise in the received one
-  bool reference = false;      ///< the data's reference position
+  bool param = false;     ///< in the sent frame, otherwise in the received one
+  bool reference = false; ///< the data's reference position
   RequestItem* parent = nullptr;
 
   /// The data of that name, none if missing.

@@ -25,7 +25,9 @@ const char defaultParameters[] =
 <Failure Id="3"><Name xml:lang="en">DTC Failures</Name><Name xml:lang="fr">Pannes DTC</Name></Failure>
 </Failures>
 <DeviceTypes>
-<DeviceType Id="1"><Name xml:lang="en">Input</Name><Name xml:lang="fr">Entr)" "\xE9" R"(e</Name></DeviceType>
+<DeviceType Id="1"><Name xml:lang="en">Input</Name><Name xml:lang="fr">Entr)"
+    "\xE9"
+    R"(e</Name></DeviceType>
 <DeviceType Id="2"><Name xml:lang="en">Internal</Name><Name xml:lang="fr">Interne</Name></DeviceType>
 <DeviceType Id="3"><Name xml:lang="en">Output</Name><Name xml:lang="fr">Sortie</Name></DeviceType>
 <DeviceType Id="4"><Name xml:lang="en">Other</Name><Name xml:lang="fr">Autres</Name></DeviceType>

@@ -54,7 +54,8 @@ DataPositionItem* DisplayDataItem::DataPosition(PositionFinder& positions) const
 
 void DisplayDataItem::setDataPosition(const DataPositionItem* position) {
   if (!position) return;
-  // In the spelling of the position, by which it is found again; that of the data may differ in case.
+  // In the spelling of the position, by which it is found again; that of the data may differ in
+  // case.
   if (position->data()) dataName = position->dataName;
   if (position->parent) requestName = position->parent->requestName;
 }
@@ -113,7 +114,8 @@ void DisplayItem::createXMLnode(xml::Writer& out, PositionFinder& positions) con
     request = DisplayExtraItem->requestName;
   } else {
     if (!DisplayDataItem && TypeDisplay == dataOfRequest) return;
-    const DataPositionItem* position = DisplayDataItem ? DisplayDataItem->DataPosition(positions) : nullptr;
+    const DataPositionItem* position =
+        DisplayDataItem ? DisplayDataItem->DataPosition(positions) : nullptr;
     if (!position) {
       Failure failure = platformFailure(MissingObject, "DisplayItem.createXMLnode");
       if (DisplayDataItem) {
@@ -227,7 +229,8 @@ DisplayItem* DisplayItems::AddData(Pointer item, std::string_view key) {
 
 std::shared_ptr<DisplayItems> DisplayItems::clone(ScreenItem* newParent) const {
   auto copy = std::make_shared<DisplayItems>();
-  for (const DisplayItem* member : *this) copy->AddData(member->clone(newParent));
+  for (const DisplayItem* member : *this)
+    copy->AddData(member->clone(newParent));
   return copy;
 }
 

@@ -65,7 +65,8 @@ class DisplayItem {
   std::int32_t DisplayHeight = 300;
   std::int32_t DisplayTop = 0;
   std::int32_t DisplayLeft = 0;
-  std::int32_t TypeDisplay = 3; ///< 1 request only, 3 data of a request, other: data without request
+  std::int32_t TypeDisplay =
+      3; ///< 1 request only, 3 data of a request, other: data without request
   std::shared_ptr<kelmar::RangeItems> RangeItems;             ///< may be none
   std::shared_ptr<kelmar::DisplayDataItem> DisplayDataItem;   ///< may be none
   std::shared_ptr<kelmar::DisplayExtraItem> DisplayExtraItem; ///< may be none

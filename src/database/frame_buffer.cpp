@@ -28,7 +28,8 @@ std::vector<std::uint8_t> bytesOfHex(std::string_view text) {
   return bytes;
 }
 
-template <class Iterator> std::string hexOfBytes(Iterator begin, Iterator end) {
+template <class Iterator>
+std::string hexOfBytes(Iterator begin, Iterator end) {
   static constexpr char digits[] = "0123456789ABCDEF";
   std::string text;
   text.reserve(static_cast<std::size_t>(end - begin) * 2);
@@ -52,9 +53,13 @@ void FrameBuffer::setLength(int length) {
   bytes_.resize(static_cast<std::size_t>(length));
 }
 
-std::uint8_t FrameBuffer::ByteAt(int index) const { return bytes_[offsetOf(index)]; }
+std::uint8_t FrameBuffer::ByteAt(int index) const {
+  return bytes_[offsetOf(index)];
+}
 
-void FrameBuffer::setByteAt(int index, std::uint8_t value) { bytes_[offsetOf(index)] = value; }
+void FrameBuffer::setByteAt(int index, std::uint8_t value) {
+  bytes_[offsetOf(index)] = value;
+}
 
 FrameBuffer::View FrameBuffer::Range(int start, int count) {
   const std::int64_t offset = static_cast<std::int64_t>(start) - lowerBound_;
@@ -63,9 +68,13 @@ FrameBuffer::View FrameBuffer::Range(int start, int count) {
   return View(*this, start, count);
 }
 
-std::string FrameBuffer::HexText() const { return hexOfBytes(bytes_.begin(), bytes_.end()); }
+std::string FrameBuffer::HexText() const {
+  return hexOfBytes(bytes_.begin(), bytes_.end());
+}
 
-void FrameBuffer::setHexText(std::string_view text) { bytes_ = bytesOfHex(text); }
+void FrameBuffer::setHexText(std::string_view text) {
+  bytes_ = bytesOfHex(text);
+}
 
 std::uint8_t FrameBuffer::View::ByteAt(int offset) const {
   if (offset < 0 || offset >= count_) throw platformFailure(SubscriptOutOfRange, "FrameBuffer");

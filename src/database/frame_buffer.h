@@ -18,11 +18,12 @@ class FrameBuffer {
   class View {
    public:
     int Length() const { return count_; }
-    std::uint8_t ByteAt(int offset) const;              ///< offset 0..Length-1
+    std::uint8_t ByteAt(int offset) const; ///< offset 0..Length-1
     void setByteAt(int offset, std::uint8_t value);
     std::string HexText() const;
     /// Overwrites the first bytes of the view. Raises TypeMismatch for text that is not pairs of
-    /// hexadecimal digits, SubscriptOutOfRange for more bytes than the view has; then nothing changes.
+    /// hexadecimal digits, SubscriptOutOfRange for more bytes than the view has; then nothing
+    /// changes.
     void setHexText(std::string_view text);
 
    private:
@@ -49,8 +50,8 @@ class FrameBuffer {
 
   /// Upper-case pairs without separators, such as "3E00".
   std::string HexText() const;
-  /// Replaces the content. Raises TypeMismatch for text that is not pairs of hexadecimal digits, and
-  /// then nothing changes.
+  /// Replaces the content. Raises TypeMismatch for text that is not pairs of hexadecimal digits,
+  /// and then nothing changes.
   void setHexText(std::string_view text);
 
   const std::vector<std::uint8_t>& bytes() const { return bytes_; }

@@ -51,7 +51,8 @@ LabelItem* LabelItems::AddData(Pointer item, std::string_view key) {
 
 std::shared_ptr<LabelItems> LabelItems::clone(ScreenItem* newParent) const {
   auto copy = std::make_shared<LabelItems>();
-  for (const LabelItem* member : *this) copy->AddData(member->clone(newParent));
+  for (const LabelItem* member : *this)
+    copy->AddData(member->clone(newParent));
   return copy;
 }
 

@@ -25,8 +25,8 @@ constexpr int positionsWorthAnIndex = 16;
 struct LoadContext::WholeFile {
   xml::Document* document = nullptr;
   // The names belong to the model.
-  NameIndex<bool> deviceDatas;    // exact names
-  NameIndex<bool> flagKeys;       // folded names, kept below
+  NameIndex<bool> deviceDatas; // exact names
+  NameIndex<bool> flagKeys;    // folded names, kept below
   std::deque<std::string> folded;
   std::unordered_set<std::int32_t> obdCodes;
   NameIndex<DataPositionItem*> references;
@@ -43,7 +43,9 @@ void LoadContext::beginWholeFile(xml::Document& document) {
   report_.clear();
 }
 
-void LoadContext::endWholeFile() { file_.reset(); }
+void LoadContext::endWholeFile() {
+  file_.reset();
+}
 
 void LoadContext::notKept(const char* kind, std::string_view name, xml::Node element,
                           std::string reason) {
@@ -126,7 +128,8 @@ void LoadContext::noteObd(std::int32_t obd) {
 std::string shortened(std::string_view text) {
   std::size_t enough = 60;
   if (text.size() <= enough) return std::string(text);
-  while (enough > 0 && (static_cast<unsigned char>(text[enough]) & 0xC0) == 0x80) --enough;
+  while (enough > 0 && (static_cast<unsigned char>(text[enough]) & 0xC0) == 0x80)
+    --enough;
   return std::string(text.substr(0, enough)) + "...";
 }
 
@@ -201,8 +204,7 @@ bool readChildText(LoadContext& load, xml::Node element, const char* child, std:
   return true;
 }
 
-bool readChildNumber(LoadContext& load, xml::Node element, const char* child,
-                     std::int32_t& field) {
+bool readChildNumber(LoadContext& load, xml::Node element, const char* child, std::int32_t& field) {
   std::string text;
   if (!readChildText(load, element, child, text)) return false;
   return convertInto(load, element.child(child), child, text.c_str(), field,

@@ -81,8 +81,8 @@ class WholeFileLoad {
 };
 
 // Tolerant statements. Each reads into the field, or leaves the field as it is and sets the slot:
-// MissingObject when there is nothing to read, TypeMismatch or NumericOverflow for a value that does
-// not convert, which goes into the report too. They answer whether the field was written.
+// MissingObject when there is nothing to read, TypeMismatch or NumericOverflow for a value that
+// does not convert, which goes into the report too. They answer whether the field was written.
 
 bool readText(LoadContext& load, xml::Node element, const char* attribute, std::string& field);
 bool readNumber(LoadContext& load, xml::Node element, const char* attribute, std::int32_t& field);

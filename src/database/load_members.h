@@ -17,9 +17,9 @@ enum class MemberTest {
 /// Name under which a member appears in the load report.
 std::string reportName(xml::Node element);
 
-/// Reads the children `element` of `parent` in document order: `make(node)` builds and loads a member,
-/// `add(member)` appends it. Whatever is not added goes into the report as `kind`. A failure of
-/// `add` stays pending.
+/// Reads the children `element` of `parent` in document order: `make(node)` builds and loads a
+/// member, `add(member)` appends it. Whatever is not added goes into the report as `kind`. A
+/// failure of `add` stays pending.
 template <class Make, class Add>
 void loadMembers(LoadContext& load, xml::Node parent, const char* element, const char* kind,
                  MemberTest test, Make make, Add add) {

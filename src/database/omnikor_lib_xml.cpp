@@ -57,7 +57,9 @@ void OmnikorLibXml::RaiseLibMessage(const std::string& source, const std::string
   }
 }
 
-std::string OmnikorLibXml::Version() { return applicationVersion; }
+std::string OmnikorLibXml::Version() {
+  return applicationVersion;
+}
 
 std::string GetLocalizedName(xml::Node row, const char* tag, const std::string& lang) {
   for (xml::Node name : row.children(tag))
@@ -185,7 +187,8 @@ void OmnikorLibXml::ImportUceFromXml(const std::string& url) {
   }
   ActiveTarget = std::move(target);
   functions = std::move(functionsRead);
-  for (const auto& [source, message] : messages) RaiseLibMessage(source, message);
+  for (const auto& [source, message] : messages)
+    RaiseLibMessage(source, message);
   report_ = context_.takeReport();
   if (context_.pending.isSet()) throw context_.pending.error();
   expectedSize_ = document.sourceSize();

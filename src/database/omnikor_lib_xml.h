@@ -67,14 +67,14 @@ class OmnikorLibXml {
   void ClearTarget();
   TargetItem* NewTarget();
 
-  /// Loads one ECU. Raises 1 or 2, or the error that the model left pending; the database then holds
-  /// an empty or partly filled target that ExportUceToXml refuses. `report()` tells what was read
-  /// but not kept, after a failure too.
+  /// Loads one ECU. Raises 1 or 2, or the error that the model left pending; the database then
+  /// holds an empty or partly filled target that ExportUceToXml refuses. `report()` tells what was
+  /// read but not kept, after a failure too.
   void ImportUceFromXml(const std::string& url);
 
-  /// Saves the ECU and gives the bytes that the file was meant to hold. Raises when there is no target,
-  /// when its load failed, or for an item that cannot be written; nothing is written then. A failure
-  /// of the writing itself is told by LibMessage alone.
+  /// Saves the ECU and gives the bytes that the file was meant to hold. Raises when there is no
+  /// target, when its load failed, or for an item that cannot be written; nothing is written then.
+  /// A failure of the writing itself is told by LibMessage alone.
   std::string ExportUceToXml(const std::string& fileName);
   /// The bytes alone. Raises as above.
   std::string ecuFileBytes();

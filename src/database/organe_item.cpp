@@ -68,7 +68,8 @@ DeviceDataItem* DeviceDataItems::ItemName(std::string_view name) const {
 
 std::shared_ptr<DeviceDataItems> DeviceDataItems::clone(OrganeItem* newParent) const {
   auto copy = std::make_shared<DeviceDataItems>();
-  for (const DeviceDataItem* member : *this) copy->append(member->clone(newParent));
+  for (const DeviceDataItem* member : *this)
+    copy->append(member->clone(newParent));
   return copy;
 }
 
@@ -84,7 +85,8 @@ void DeviceDataItems::loadXml(OmnikorLibXml& database, xml::Node parent, OrganeI
   LoadContext& load = database.loading();
   load.pending.clear();
   std::unordered_set<std::string> names;
-  for (const DeviceDataItem* member : *this) names.insert(member->dataName);
+  for (const DeviceDataItem* member : *this)
+    names.insert(member->dataName);
   loadMembers(
       load, parent, "DeviceData", "Device data", MemberTest::Bitwise,
       [&](xml::Node node) {
@@ -211,8 +213,8 @@ void OrganeItem::loadXml(OmnikorLibXml& database, xml::Node element) {
   Tests = std::make_shared<TestItems>();
   Tests->loadXml(database, element, this);
   if (requestName.empty()) return;
-  RequestItem* found = parent && parent->Requests() ? parent->Requests()->ItemName(requestName)
-                                                    : nullptr;
+  RequestItem* found =
+      parent && parent->Requests() ? parent->Requests()->ItemName(requestName) : nullptr;
   request_ = found ? found->shared_from_this() : nullptr;
 }
 
@@ -227,12 +229,13 @@ OrganeItem* OrganeItems::AddData(Pointer item) {
   return append(std::move(item), key);
 }
 
-OrganeItem* OrganeItems::ItemName(std::string_view name) const { return findKey(keyOfName(name)); }
+OrganeItem* OrganeItems::ItemName(std::string_view name) const {
+  return findKey(keyOfName(name));
+}
 
 void OrganeItems::rename(OrganeItem* item, const std::string& newName) {
   if (OrganeItem* found = ItemName(newName)) {
-    if (found != item)
-      throw Failure(1, "OrganeItems.rename", "Duplicate device (" + newName + ")");
+    if (found != item) throw Failure(1, "OrganeItems.rename", "Duplicate device (" + newName + ")");
     if (item->organeName == newName) return;
   }
   int index = 0;
@@ -262,7 +265,8 @@ OrganeItem* OrganeItems::FindDeviceByValDTC(std::int32_t dtc) const {
 
 bool OrganeItems::DeleteDataPosition(const DataPositionItem& position) {
   bool found = false;
-  for (OrganeItem* device : *this) found |= device->DeleteDataPosition(position);
+  for (OrganeItem* device : *this)
+    found |= device->DeleteDataPosition(position);
   return found;
 }
 

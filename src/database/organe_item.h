@@ -52,9 +52,10 @@ class OrganeItem {
   std::string Mnemonique;
   std::int32_t OrganeDTC = 0;
   std::int32_t OrganeOBD = 0;
-  std::shared_ptr<DeviceDataItems> DeviceDatas = std::make_shared<DeviceDataItems>(); ///< may be none
-  std::shared_ptr<TestItems> Tests = std::make_shared<TestItems>();                   ///< may be none
-  std::string requestName; ///< freeze-frame request
+  std::shared_ptr<DeviceDataItems> DeviceDatas =
+      std::make_shared<DeviceDataItems>();                          ///< may be none
+  std::shared_ptr<TestItems> Tests = std::make_shared<TestItems>(); ///< may be none
+  std::string requestName;                                          ///< freeze-frame request
   TargetItem* parent = nullptr;
 
   std::int32_t OrganeTypeId() const { return typeId_; }

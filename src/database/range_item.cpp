@@ -71,7 +71,8 @@ RangeItem* RangeItems::AddData(Pointer item, std::string_view key) {
 
 std::shared_ptr<RangeItems> RangeItems::clone(DisplayItem* newParent) const {
   auto copy = std::make_shared<RangeItems>();
-  for (const RangeItem* member : *this) copy->AddData(member->clone(newParent));
+  for (const RangeItem* member : *this)
+    copy->AddData(member->clone(newParent));
   return copy;
 }
 

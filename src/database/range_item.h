@@ -26,8 +26,8 @@ class RangeItem {
   /// Stores the number and its text as `SoundName`.
   void setSon(std::int32_t number);
   const std::string& SoundName() const { return soundName_; }
-  /// Stores the text, and its integer value as `Son`, 0 when it is no number. Raises NumericOverflow
-  /// for a number beyond 32 bits; the text is stored then, too.
+  /// Stores the text, and its integer value as `Son`, 0 when it is no number. Raises
+  /// NumericOverflow for a number beyond 32 bits; the text is stored then, too.
   void setSoundName(const std::string& name);
 
   void clear() { parent = nullptr; }

@@ -33,7 +33,8 @@ std::vector<bool> TargetItem::RenameRequests(const std::vector<RequestRename>& r
     return std::string(FoldedKey(keyOfName(name)).view());
   };
   std::unordered_map<std::string, const RequestItem*> holders;
-  for (const RequestItem* request : *requests_) holders.emplace(keyOf(request->requestName), request);
+  for (const RequestItem* request : *requests_)
+    holders.emplace(keyOf(request->requestName), request);
 
   std::vector<Renamed> steps;
   std::unordered_map<const RequestItem*, std::size_t> lastMove;
@@ -65,8 +66,10 @@ std::vector<bool> TargetItem::RenameRequests(const std::vector<RequestRename>& r
       moved[move->second] = std::move(member);
     }
   }
-  while (requests_->Count() > 0) requests_->take(requests_->Count());
-  for (auto& member : members) requests_->AddData(std::move(member));
+  while (requests_->Count() > 0)
+    requests_->take(requests_->Count());
+  for (auto& member : members)
+    requests_->AddData(std::move(member));
   for (auto& member : moved)
     if (member) requests_->AddData(std::move(member));
 
@@ -79,7 +82,8 @@ std::vector<bool> TargetItem::RenameRequests(const std::vector<RequestRename>& r
     if (display.DisplayExtraItem) follow(display.DisplayExtraItem->requestName);
   });
   forEachScenario(*this, [&](ScenarioItems& scenario) {
-    for (ScenarioItem* step : scenario) follow(step->requestName);
+    for (ScenarioItem* step : scenario)
+      follow(step->requestName);
   });
   return done;
 }

@@ -69,7 +69,8 @@ std::shared_ptr<RequestItem> RequestItem::clone(TargetItem* newParent) const {
   copy->LengthDatas = LengthDatas;
   copy->ShiftBytesCount = ShiftBytesCount;
   copy->LgVariable = LgVariable;
-  for (const Access& access : accesses) (*copy).*access.flag = this->*access.flag;
+  for (const Access& access : accesses)
+    (*copy).*access.flag = this->*access.flag;
   copy->ManuelSend = ManuelSend;
   copy->DossierMaintenabilite = DossierMaintenabilite;
   copy->Commentaire = Commentaire;
@@ -155,7 +156,8 @@ void RequestItem::loadXml(OmnikorLibXml& database, xml::Node element) {
   DossierMaintenabilite = bool(element.child("DossierMaintenabilite"));
   ManuelSend = bool(element.child("ManuelSend"));
   const xml::Node deny = element.child("DenyAccess");
-  for (const Access& access : accesses) this->*access.flag = !deny.child(access.element);
+  for (const Access& access : accesses)
+    this->*access.flag = !deny.child(access.element);
   load.pending.clear();
 
   if (!RequestBytes) RequestBytes = std::make_shared<FrameBuffer>();

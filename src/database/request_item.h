@@ -33,7 +33,7 @@ class RequestItem : public std::enable_shared_from_this<RequestItem> {
   bool AccesEtudes = true;
   bool AccesConstructeur = true;
   bool DossierMaintenabilite = false;
-  std::string Commentaire; ///< lines end with CR LF
+  std::string Commentaire;                          ///< lines end with CR LF
   std::shared_ptr<DataPositionItems> DataPositions; ///< may be none
   TargetItem* parent = nullptr;
 

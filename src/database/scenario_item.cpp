@@ -52,7 +52,8 @@ ScenarioItem* ScenarioItems::Add(const std::string& requestName, std::int32_t de
 
 std::int32_t ScenarioItems::greatestIndex() const {
   std::int32_t greatest = 0;
-  for (const ScenarioItem* step : *this) greatest = std::max(greatest, step->Index);
+  for (const ScenarioItem* step : *this)
+    greatest = std::max(greatest, step->Index);
   return greatest;
 }
 
@@ -68,13 +69,13 @@ void ScenarioItems::deleteItem(const ScenarioItem* item) {
 
 void ScenarioItems::renumber() {
   std::int32_t index = 0;
-  for (ScenarioItem* step : *this) step->Index = ++index;
+  for (ScenarioItem* step : *this)
+    step->Index = ++index;
 }
 
 void ScenarioItems::sort() {
-  stableSort([](const ScenarioItem& left, const ScenarioItem& right) {
-    return left.Index < right.Index;
-  });
+  stableSort(
+      [](const ScenarioItem& left, const ScenarioItem& right) { return left.Index < right.Index; });
 }
 
 void ScenarioItems::up(const ScenarioItem* item) {
@@ -93,7 +94,8 @@ void ScenarioItems::down(const ScenarioItem* item) {
 
 std::shared_ptr<ScenarioItems> ScenarioItems::clone(ButtonItem* newParent) const {
   auto copy = std::make_shared<ScenarioItems>();
-  for (const ScenarioItem* step : *this) copy->append(step->clone(newParent));
+  for (const ScenarioItem* step : *this)
+    copy->append(step->clone(newParent));
   return copy;
 }
 

@@ -41,7 +41,8 @@ class ScenarioItems : public Items<ScenarioItem> {
   ScenarioItem* AddData(Pointer item);
   /// Renumbers from 1.
   void deleteItem(const ScenarioItem* item);
-  template <class Predicate> void deleteSteps(Predicate predicate) {
+  template <class Predicate>
+  void deleteSteps(Predicate predicate) {
     const int before = Count();
     deleteIf(predicate);
     if (Count() != before) renumber();

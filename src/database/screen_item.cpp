@@ -35,9 +35,8 @@ std::shared_ptr<ScreenItem> ScreenItem::clone(CategoryItem* newParent) const {
   if (ButtonItems) copy->ButtonItems = ButtonItems->clone(copy.get());
   if (ButtonInit) {
     const int position = ButtonItems ? ButtonItems->indexOf(ButtonInit.get()) : 0;
-    copy->ButtonInit = position != 0
-                           ? copy->ButtonItems->Item(position)->shared_from_this()
-                           : ButtonInit->clone(copy.get());
+    copy->ButtonInit = position != 0 ? copy->ButtonItems->Item(position)->shared_from_this()
+                                     : ButtonInit->clone(copy.get());
   }
   copy->parent = newParent;
   return copy;
@@ -113,7 +112,8 @@ std::string screenKey(const ScreenItem& item, int suffix) {
 } // namespace
 
 int ScreenItems::addFrom(Pointer item, int suffix) {
-  while (findKey(screenKey(*item, suffix))) ++suffix;
+  while (findKey(screenKey(*item, suffix)))
+    ++suffix;
   const std::string key = screenKey(*item, suffix);
   append(std::move(item), key);
   return suffix;
@@ -130,11 +130,14 @@ ScreenItem* ScreenItems::ItemName(std::string_view name) const {
   return nullptr;
 }
 
-void ScreenItems::deleteItem(std::string_view name) { Items::deleteItem(ItemName(name)); }
+void ScreenItems::deleteItem(std::string_view name) {
+  Items::deleteItem(ItemName(name));
+}
 
 std::shared_ptr<ScreenItems> ScreenItems::clone(CategoryItem* newParent) const {
   auto copy = std::make_shared<ScreenItems>();
-  for (const ScreenItem* member : *this) copy->AddData(member->clone(newParent));
+  for (const ScreenItem* member : *this)
+    copy->AddData(member->clone(newParent));
   return copy;
 }
 

@@ -28,7 +28,7 @@ class ScreenItem {
   std::int32_t ScreenWidth = 600;
   std::int32_t ScreenHeight = 400;
   std::int32_t ScreenColor = 0xFFFFFF;
-  std::shared_ptr<ButtonItem> ButtonInit; ///< a member of ButtonItems too
+  std::shared_ptr<ButtonItem> ButtonInit;             ///< a member of ButtonItems too
   std::shared_ptr<kelmar::ButtonItems> ButtonItems;   ///< may be none
   std::shared_ptr<kelmar::DisplayItems> DisplayItems; ///< may be none
   std::shared_ptr<kelmar::LabelItems> LabelItems;     ///< may be none
@@ -48,8 +48,8 @@ class ScreenItems : public Items<ScreenItem> {
   ScreenItem* AddData(Pointer item);
   /// The first of that exact name.
   ScreenItem* ItemName(std::string_view name) const;
-  /// Deletes the first member of that exact name: names are compared here, on purpose, so that of two
-  /// members of one name the first goes.
+  /// Deletes the first member of that exact name: names are compared here, on purpose, so that of
+  /// two members of one name the first goes.
   void deleteItem(const ScreenItem* item) { deleteItem(item->screenName); }
   void deleteItem(std::string_view name);
   std::shared_ptr<ScreenItems> clone(CategoryItem* newParent) const;

@@ -24,6 +24,8 @@ std::string fontSizeText(float points);
 /// "8,25" and "8.25" alike.
 double readFontSize(xml::Node font);
 
-inline const char* flagText(bool flag) { return flag ? "1" : "0"; }
+inline const char* flagText(bool flag) {
+  return flag ? "1" : "0";
+}
 
 } // namespace kelmar

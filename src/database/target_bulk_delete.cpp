@@ -32,16 +32,19 @@ class GoneReferences {
 
   void leave(OrganeItem& device) const {
     if (!flagsStandUnderTheirNames(device)) {
-      for (const DataPositionItem* position : all_) device.DeleteDataPosition(*position);
+      for (const DataPositionItem* position : all_)
+        device.DeleteDataPosition(*position);
       return;
     }
     std::unordered_set<std::string> held;
     if (device.DeviceDatas)
-      for (const DeviceDataItem* datum : *device.DeviceDatas) held.insert(datum->dataName);
+      for (const DeviceDataItem* datum : *device.DeviceDatas)
+        held.insert(datum->dataName);
     if (device.Tests)
       for (const TestItem* test : *device.Tests)
         for (const FlagPositions* flags : {&test->StoredFlag, &test->PresentFlag})
-          for (const DataPositionItem* flag : *flags) held.insert(flag->dataName);
+          for (const DataPositionItem* flag : *flags)
+            held.insert(flag->dataName);
     for (const std::string& name : held) {
       const auto gone = byName_.find(name);
       if (gone == byName_.end()) continue;
@@ -90,13 +93,16 @@ void TargetItem::DeleteDataPositions(const std::vector<DataPositionItem*>& posit
     owners.insert(position->parent->DataPositions.get());
   }
   if (organes_)
-    for (OrganeItem* device : *organes_) references.leave(*device);
+    for (OrganeItem* device : *organes_)
+      references.leave(*device);
   deleteDisplays(*this, [&](const DisplayItem& display) { return gone.isShownBy(display); });
   for (DataPositionItems* owner : owners)
     owner->deleteIf([&](const DataPositionItem& position) { return items.contains(&position); });
 }
 
-void TargetItem::DeleteRequest(RequestItem* item) { DeleteRequests({item}); }
+void TargetItem::DeleteRequest(RequestItem* item) {
+  DeleteRequests({item});
+}
 
 void TargetItem::DeleteRequests(const std::vector<RequestItem*>& items) {
   GoneReferences references;

@@ -45,7 +45,8 @@ class DataUsers {
       if (!request.DataPositions) return;
       int number = 0;
       for (DataPositionItem* position : *request.DataPositions)
-        at(positions_, names_.of(position->dataName)).push_back({requestNumber, ++number, position});
+        at(positions_, names_.of(position->dataName))
+            .push_back({requestNumber, ++number, position});
     });
     forEachDisplay(target, [&](DisplayItem& display) {
       if (DisplayDataItem* item = display.DisplayDataItem.get())
@@ -56,7 +57,8 @@ class DataUsers {
       devices_.push_back(device);
       const std::size_t number = devices_.size() - 1;
       if (device->DeviceDatas)
-        for (const DeviceDataItem* datum : *device->DeviceDatas) mayHold(datum->dataName, number);
+        for (const DeviceDataItem* datum : *device->DeviceDatas)
+          mayHold(datum->dataName, number);
       if (!device->Tests) continue;
       for (const TestItem* test : *device->Tests)
         for (const FlagPositions* flags : {&test->StoredFlag, &test->PresentFlag})
@@ -117,7 +119,8 @@ class DataUsers {
       (first ? moved : left).push_back(place);
     }
     from = std::move(left);
-    for (const Place& place : moved) place.position->dataName = newName;
+    for (const Place& place : moved)
+      place.position->dataName = newName;
     if (to.empty()) {
       to = std::move(moved);
       return;
@@ -128,9 +131,9 @@ class DataUsers {
   }
 
   Numbers names_, keys_;
-  std::vector<Places> positions_;                        // by the number of the name
-  std::vector<std::vector<DisplayDataItem*>> displays_;  // likewise
-  std::vector<std::vector<std::size_t>> holders_;        // by the number of the key
+  std::vector<Places> positions_;                       // by the number of the name
+  std::vector<std::vector<DisplayDataItem*>> displays_; // likewise
+  std::vector<std::vector<std::size_t>> holders_;       // by the number of the key
   std::vector<OrganeItem*> devices_;
 };
 
@@ -139,7 +142,8 @@ class DataUsers {
 std::vector<bool> TargetItem::RenameDatas(const std::vector<DataItems::NewName>& names) {
   std::vector<std::string> oldNames;
   oldNames.reserve(names.size());
-  for (const auto& [item, newName] : names) oldNames.push_back(item->dataName());
+  for (const auto& [item, newName] : names)
+    oldNames.push_back(item->dataName());
   const std::vector<bool> renamed = datas_->renameAll(names);
   DataUsers users(*this);
   for (std::size_t i = 0; i < names.size(); ++i)

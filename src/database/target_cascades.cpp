@@ -43,7 +43,9 @@ void TargetItem::DeleteData(DataItem* item) {
   datas_->deleteItem(item);
 }
 
-void TargetItem::DeleteDevice(OrganeItem* item) { organes_->deleteItem(item); }
+void TargetItem::DeleteDevice(OrganeItem* item) {
+  organes_->deleteItem(item);
+}
 
 void TargetItem::RenameData(DataItem* item, const std::string& newName) {
   const std::string oldName = item->dataName();
@@ -54,8 +56,10 @@ void TargetItem::RenameData(DataItem* item, const std::string& newName) {
   const std::vector<DataPositionItem*> positions = GetRequestsUsingData(oldName);
   datas_->rename(item, newName);
   if (device) device->RenameData(oldName, newName);
-  for (DataPositionItem* position : positions) position->dataName = newName;
-  for (DisplayItem* display : displays) display->DisplayDataItem->dataName = newName;
+  for (DataPositionItem* position : positions)
+    position->dataName = newName;
+  for (DisplayItem* display : displays)
+    display->DisplayDataItem->dataName = newName;
 }
 
 void TargetItem::RenameRequest(RequestItem* item, const std::string& newName) {
@@ -66,9 +70,12 @@ void TargetItem::RenameRequest(RequestItem* item, const std::string& newName) {
   const std::vector<ScenarioItem*> steps = GetScreensScenarioUsingRequest(oldName);
   requests_->rename(item, newName);
   // Freeze-frame names of devices are not followed, on purpose.
-  for (DisplayItem* display : dataDisplays) display->DisplayDataItem->requestName = newName;
-  for (DisplayItem* display : extraDisplays) display->DisplayExtraItem->requestName = newName;
-  for (ScenarioItem* step : steps) step->requestName = newName;
+  for (DisplayItem* display : dataDisplays)
+    display->DisplayDataItem->requestName = newName;
+  for (DisplayItem* display : extraDisplays)
+    display->DisplayExtraItem->requestName = newName;
+  for (ScenarioItem* step : steps)
+    step->requestName = newName;
 }
 
 void TargetItem::RenameDevice(OrganeItem* item, const std::string& newName) {

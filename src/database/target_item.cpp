@@ -24,14 +24,15 @@ bool ProjectNames::contains(std::string_view name) const {
 }
 
 TargetItem::TargetItem()
-    : Categories(std::make_shared<CategoryItems>()),
-      AutoIdents(std::make_shared<AutoIdentItems>()),
+    : Categories(std::make_shared<CategoryItems>()), AutoIdents(std::make_shared<AutoIdentItems>()),
       parametres_(std::make_shared<TargetParamItem>()), datas_(std::make_shared<DataItems>()),
       requests_(std::make_shared<RequestItems>()), organes_(std::make_shared<OrganeItems>()) {
   parametres_->parent = this;
 }
 
-TargetItem::~TargetItem() { clear(); }
+TargetItem::~TargetItem() {
+  clear();
+}
 
 void TargetItem::clear() {
   if (Categories) Categories->clear();
@@ -245,7 +246,8 @@ void TargetItem::loadCollections(OmnikorLibXml& database, xml::Node target) {
   if (const xml::Node requests = target.child("Requests"))
     requests_->loadXml(database, requests, this);
   try {
-    if (const xml::Node devices = target.child("Devices")) organes_->loadXml(database, devices, this);
+    if (const xml::Node devices = target.child("Devices"))
+      organes_->loadXml(database, devices, this);
   } catch (const Failure& failure) {
     pending.set(failure);
   }

@@ -66,7 +66,9 @@ class TargetItem {
   void setGroup(const std::string& value) { change(group_, value); }
 
   const std::shared_ptr<TargetParamItem>& Parametres() const { return parametres_; }
-  void setParametres(std::shared_ptr<TargetParamItem> value) { change(parametres_, std::move(value)); }
+  void setParametres(std::shared_ptr<TargetParamItem> value) {
+    change(parametres_, std::move(value));
+  }
   /// May be none, like the next two.
   const std::shared_ptr<DataItems>& datas() const { return datas_; }
   void setDatas(std::shared_ptr<DataItems> value) { change(datas_, std::move(value)); }
@@ -76,8 +78,8 @@ class TargetItem {
   void setOrganes(std::shared_ptr<OrganeItems> value) { change(organes_, std::move(value)); }
 
   // Replacing these does not mark the record, nor do changes inside any collection.
-  std::shared_ptr<CategoryItems> Categories;   ///< may be none
-  std::shared_ptr<AutoIdentItems> AutoIdents;  ///< may be none
+  std::shared_ptr<CategoryItems> Categories;  ///< may be none
+  std::shared_ptr<AutoIdentItems> AutoIdents; ///< may be none
   ProjectNames Projects;
   OmnikorLibXml* parent = nullptr;
   bool ValueChanged = true; ///< reset by the frame after a load or a save
@@ -148,12 +150,13 @@ class TargetItem {
   };
   std::vector<bool> RenameRequests(const std::vector<RequestRename>& renames);
   void RenameDevice(OrganeItem* item, const std::string& newName);
-  /// Points an existing position at another data; devices (for a reference) and the displays of this
-  /// request follow.
+  /// Points an existing position at another data; devices (for a reference) and the displays of
+  /// this request follow.
   void ReplaceDataPosition(DataPositionItem* position, const DataItem* newData);
 
  private:
-  template <class Field, class Value> void change(Field& field, Value&& value) {
+  template <class Field, class Value>
+  void change(Field& field, Value&& value) {
     field = std::forward<Value>(value);
     ValueChanged = true;
   }

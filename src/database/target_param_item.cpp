@@ -73,11 +73,20 @@ bool TargetParamItem::isDefaultValue(int index, Value& defaultValue) const {
     return this->*number->field == number->defaultValue;
   }
   switch (index) {
-  case MultiPoint: defaultValue = false; return !multiPoint;
-  case Endian: defaultValue = false; return !LittleEndian;
-  case Boot: defaultValue = std::string(); return Reprogrammable.empty();
-  case Tool: defaultValue = defaultToolAddress; return toolAddress_ == defaultToolAddress;
-  default: return false;
+  case MultiPoint:
+    defaultValue = false;
+    return !multiPoint;
+  case Endian:
+    defaultValue = false;
+    return !LittleEndian;
+  case Boot:
+    defaultValue = std::string();
+    return Reprogrammable.empty();
+  case Tool:
+    defaultValue = defaultToolAddress;
+    return toolAddress_ == defaultToolAddress;
+  default:
+    return false;
   }
 }
 
@@ -92,15 +101,32 @@ void TargetParamItem::SetDefaultValue(int index) {
     return;
   }
   switch (index) {
-  case MultiPoint: multiPoint = false; break;
-  case Endian: LittleEndian = false; break;
-  case Ip: IPAddress = anyIpAddress; break;
-  case Mac: MACAddress = anyMacAddress; break;
-  case Boot: Reprogrammable.clear(); break;
-  case Officialisation: DateOfficialisation.clear(); break;
-  case GatewayField: Gateway.clear(); break;
-  case Tool: setToolAddress(defaultToolAddress); break;
-  default: break;
+  case MultiPoint:
+    multiPoint = false;
+    break;
+  case Endian:
+    LittleEndian = false;
+    break;
+  case Ip:
+    IPAddress = anyIpAddress;
+    break;
+  case Mac:
+    MACAddress = anyMacAddress;
+    break;
+  case Boot:
+    Reprogrammable.clear();
+    break;
+  case Officialisation:
+    DateOfficialisation.clear();
+    break;
+  case GatewayField:
+    Gateway.clear();
+    break;
+  case Tool:
+    setToolAddress(defaultToolAddress);
+    break;
+  default:
+    break;
   }
 }
 

@@ -30,9 +30,27 @@ class TargetParamItem {
  public:
   /// Indexes of isDefaultValue and SetDefaultValue.
   enum Field {
-    InitMode, MultiPoint, Key1, Key2, Baud, CanFdLength, Ip, Mac, InterByte, Kw2Delay,
-    FirstRequest, ReplyToRequest, TesterPresent, Kw2Timeout, RequestToReply, OnError, Endian,
-    Boot, Officialisation, GatewayField, Tool,
+    InitMode,
+    MultiPoint,
+    Key1,
+    Key2,
+    Baud,
+    CanFdLength,
+    Ip,
+    Mac,
+    InterByte,
+    Kw2Delay,
+    FirstRequest,
+    ReplyToRequest,
+    TesterPresent,
+    Kw2Timeout,
+    RequestToReply,
+    OnError,
+    Endian,
+    Boot,
+    Officialisation,
+    GatewayField,
+    Tool,
   };
   using Value = std::variant<std::monostate, std::int32_t, bool, std::string>;
 

@@ -18,7 +18,9 @@ constexpr std::int32_t canMessagingMode = 255;
 constexpr std::int32_t defaultBaudRate = 10400;
 constexpr std::int32_t canFdBaudRate = 2000000;
 
-const char* flag(bool value) { return value ? "1" : "0"; }
+const char* flag(bool value) {
+  return value ? "1" : "0";
+}
 
 void element(xml::Writer& out, xml::Name name, xml::Name attribute, std::int32_t value) {
   out.open(name);
@@ -55,7 +57,8 @@ void TargetParamItem::createXMLnode(xml::Writer& out) {
   }
   // Fixed: nothing in the model feeds them.
   out.open("PowerSupply");
-  for (const xml::Name supply : {xml::Name("Ground"), xml::Name("Vbat"), xml::Name("AfterContact")}) {
+  for (const xml::Name supply :
+       {xml::Name("Ground"), xml::Name("Vbat"), xml::Name("AfterContact")}) {
     out.lineFeed();
     out.emptyElement(supply);
   }

@@ -21,7 +21,8 @@ void FlagPositions::rekey(int position, std::string_view newName) {
 }
 
 void FlagPositions::clear() {
-  while (Count() > 0) Remove(Count());
+  while (Count() > 0)
+    Remove(Count());
 }
 
 void TestItem::setOBD(std::int32_t code) {
@@ -45,8 +46,10 @@ std::shared_ptr<TestItem> TestItem::clone(OrganeItem* newParent) const {
   copy->obd_ = obd_;
   copy->Severity = Severity;
   copy->Autocheck = Autocheck;
-  for (const auto& position : StoredFlag.members()) copy->StoredFlag.Add(position);
-  for (const auto& position : PresentFlag.members()) copy->PresentFlag.Add(position);
+  for (const auto& position : StoredFlag.members())
+    copy->StoredFlag.Add(position);
+  for (const auto& position : PresentFlag.members())
+    copy->PresentFlag.Add(position);
   copy->parent = newParent;
   return copy;
 }
@@ -144,8 +147,7 @@ void TestItem::loadFlags(OmnikorLibXml& database, xml::Node element, const char*
     }
     DataPositionItem* position = load.referencePosition(*target, name);
     if (!position) {
-      const std::string why =
-          "Data '" + name + "' doesn't exist, remove from " + child + " list";
+      const std::string why = "Data '" + name + "' doesn't exist, remove from " + child + " list";
       database.RaiseLibMessage("TestItem.LoadXml", why);
       load.notKept("Flag", name, node, why);
       continue;
@@ -174,7 +176,9 @@ TestItem* TestItems::AddData(Pointer item) {
   return append(std::move(item), key);
 }
 
-TestItem* TestItems::ItemType(std::int32_t type) const { return findKey(std::to_string(type)); }
+TestItem* TestItems::ItemType(std::int32_t type) const {
+  return findKey(std::to_string(type));
+}
 
 TestItem* TestItems::ItemOBD(std::int32_t code) const {
   if (code == 0) return nullptr;
@@ -191,7 +195,8 @@ TestItem* TestItems::GetTestUsingData(std::string_view dataName) const {
 
 std::shared_ptr<TestItems> TestItems::clone(OrganeItem* newParent) const {
   auto copy = std::make_shared<TestItems>();
-  for (const TestItem* member : *this) copy->AddData(member->clone(newParent));
+  for (const TestItem* member : *this)
+    copy->AddData(member->clone(newParent));
   return copy;
 }
 
@@ -217,8 +222,10 @@ void TestItems::loadXml(OmnikorLibXml& database, xml::Node parent, OrganeItem* o
       [&](Pointer item) {
         const TestItem* added = AddData(std::move(item));
         load.noteObd(added->OBD());
-        for (const DataPositionItem* position : added->StoredFlag) load.noteFlag(position->dataName);
-        for (const DataPositionItem* position : added->PresentFlag) load.noteFlag(position->dataName);
+        for (const DataPositionItem* position : added->StoredFlag)
+          load.noteFlag(position->dataName);
+        for (const DataPositionItem* position : added->PresentFlag)
+          load.noteFlag(position->dataName);
       });
 }
 

@@ -42,8 +42,8 @@ class TestItem {
   OrganeItem* parent = nullptr;
 
   std::int32_t OBD() const { return obd_; }
-  /// Raises 1 "Duplicate OBD code" and keeps the old value when another test of the ECU has the code;
-  /// zero is stored without a check, and so is any code while device or target are not set.
+  /// Raises 1 "Duplicate OBD code" and keeps the old value when another test of the ECU has the
+  /// code; zero is stored without a check, and so is any code while device or target are not set.
   void setOBD(std::int32_t code);
 
   void clear();

@@ -83,8 +83,8 @@ QString withPlainLineEnds(QString text) {
   return text;
 }
 
-/// So much of the text as fits on a screen; the rest is in the details, as far as a person could read
-/// it. Pasted text can bring names of any length.
+/// So much of the text as fits on a screen; the rest is in the details, as far as a person could
+/// read it. Pasted text can bring names of any length.
 void showText(QMessageBox& box, const QString& text) {
   const QChar ellipsis(0x2026);
   QStringList shown;
@@ -213,8 +213,7 @@ std::optional<std::string> DesktopPerson::file(const FileQuestion& question) {
 
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     QString chosen = QFileInfo(dialog.selectedFiles().constFirst()).absoluteFilePath();
-    if (saves)
-      chosen = withExtension(chosen, dialog.selectedNameFilter(), dialog.defaultSuffix());
+    if (saves) chosen = withExtension(chosen, dialog.selectedNameFilter(), dialog.defaultSuffix());
     if (saves && !mayBeWritten(QApplication::activeWindow(), chosen)) continue;
     lastFolder_ = folder ? chosen : QFileInfo(chosen).path();
     return u8(chosen);

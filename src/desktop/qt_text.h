@@ -15,6 +15,8 @@ inline QString qs(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-inline std::string u8(const QString& text) { return text.toStdString(); }
+inline std::string u8(const QString& text) {
+  return text.toStdString();
+}
 
 } // namespace kelmar::desktop

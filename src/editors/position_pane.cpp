@@ -158,8 +158,8 @@ void PositionPane::layOut() {
 
 void PositionPane::retranslate() {
   const CMultiLangEx& texts = language::global();
-  DisplayRep->setAccessibleName(qs(texts.getMultilangMessageDefault(
-      "Bits of the frame", "DISPLAYRESPONSE/MSG/name/text")));
+  DisplayRep->setAccessibleName(
+      qs(texts.getMultilangMessageDefault("Bits of the frame", "DISPLAYRESPONSE/MSG/name/text")));
   LVposdata->setAccessibleName(qs(
       texts.getMultilangMessageDefault("Data in the frame", "REQUESTS/MSG/LVposdata/name/text")));
   // Captions are longer in some languages.
@@ -176,7 +176,8 @@ void PositionPane::refreshDatas() {
   QStringList names;
   const OmnikorLibXml* database = host_.openDatabase();
   if (database && database->ActiveTarget && database->ActiveTarget->datas())
-    for (const DataItem* item : *database->ActiveTarget->datas()) names << qs(item->dataName());
+    for (const DataItem* item : *database->ActiveTarget->datas())
+      names << qs(item->dataName());
   ComboData->clear();
   ComboData->addItems(names);
   ComboData->setCurrentIndex(shown.isEmpty() ? -1 : ComboData->findText(shown));
@@ -190,7 +191,8 @@ void PositionPane::setLastDataName(const std::string& name) {
 void PositionPane::setRows(std::vector<PositionRow> rows) {
   rows_ = std::move(rows);
   rowOfTag_.clear();
-  for (std::size_t row = 0; row < rows_.size(); ++row) rowOfTag_[rows_[row].position] = row;
+  for (std::size_t row = 0; row < rows_.size(); ++row)
+    rowOfTag_[rows_[row].position] = row;
 }
 
 bool PositionPane::isOutside() const {
@@ -299,8 +301,10 @@ void PositionPane::rowClicked() {
 void PositionPane::choose(DataPositionItem* position) {
   const bool pending = edits_.changed();
   TestAndConfirmChangeDataPos();
-  if (pending) renewRows();
-  else if (isAdding()) drawView(); // with the data in whose place another one was shown
+  if (pending)
+    renewRows();
+  else if (isAdding())
+    drawView(); // with the data in whose place another one was shown
   active_ = position;
   shownName_ = position->dataName;
   selectPreview();
@@ -365,13 +369,12 @@ void PositionPane::SetDataPosToScreen() {
   CheckLittleEndian->setChecked(active_->LittleEndian);
   if (place >= 0) return;
   const CMultiLangEx& texts = language::global();
-  person_.message({"REQUESTS/MSG/SetDataPosToScreen/text",
-                   texts.getMultilangMessageDefault("Internal error",
-                                                    "REQUESTS/MSG/SetDataPosToScreen/title"),
-                   texts.getMultilangMessageDefault("Unknown Data '{0}' in combobox",
-                                                    "REQUESTS/MSG/SetDataPosToScreen/text",
-                                                    active_->dataName),
-                   platform::Buttons::Ok, platform::Icon::Critical});
+  person_.message(
+      {"REQUESTS/MSG/SetDataPosToScreen/text",
+       texts.getMultilangMessageDefault("Internal error", "REQUESTS/MSG/SetDataPosToScreen/title"),
+       texts.getMultilangMessageDefault("Unknown Data '{0}' in combobox",
+                                        "REQUESTS/MSG/SetDataPosToScreen/text", active_->dataName),
+       platform::Buttons::Ok, platform::Icon::Critical});
 }
 
 void PositionPane::ClearDataPosScreen() {
@@ -449,8 +452,10 @@ void PositionPane::nameChosen() {
       drawView();
       selectPreview();
       setAdd(false);
-      if (isTyped()) OnDataPosEdited();
-      else PreviewDataPos();
+      if (isTyped())
+        OnDataPosEdited();
+      else
+        PreviewDataPos();
     }
     return;
   }

@@ -45,7 +45,8 @@ UceDataList::UceDataList(platform::Person& person, QWidget* parent)
 
 UceDataList::~UceDataList() {
   // A field that loses the focus because the control goes would still tell what was typed.
-  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+  for (QObject* child : findChildren<QObject*>())
+    child->disconnect(this);
   LVmain->rows().setRows({}); // its functions know this control
 }
 
@@ -53,22 +54,22 @@ void UceDataList::makeControls() {
   TBMain = new QToolBar(this);
   TBMain->setObjectName(QStringLiteral("TBMain"));
   TBMain->setIconSize(QSize(18, 18));
-  LVmain = new ListView(
-      {{.key = "value", .caption = "Value", .sort = SortType::Number, .width = 90},
-       {.key = "label", .caption = "Text"}},
-      {.text =
-           [](RowTag tag, int column) {
-             const auto& row = *static_cast<ValueRow*>(tag);
-             return column == 0 ? std::to_string(row.value) : row.label;
-           },
-       .look =
-           [this](RowTag tag) {
-             RowLook look;
-             const std::int32_t value = static_cast<ValueRow*>(tag)->value;
-             if (data_) look.toolTip = hexTip(value, data_->NumberBits);
-             return look;
-           }},
-      this);
+  LVmain =
+      new ListView({{.key = "value", .caption = "Value", .sort = SortType::Number, .width = 90},
+                    {.key = "label", .caption = "Text"}},
+                   {.text =
+                        [](RowTag tag, int column) {
+                          const auto& row = *static_cast<ValueRow*>(tag);
+                          return column == 0 ? std::to_string(row.value) : row.label;
+                        },
+                    .look =
+                        [this](RowTag tag) {
+                          RowLook look;
+                          const std::int32_t value = static_cast<ValueRow*>(tag)->value;
+                          if (data_) look.toolTip = hexTip(value, data_->NumberBits);
+                          return look;
+                        }},
+                   this);
   LVmain->setObjectName(QStringLiteral("LVmain"));
   ValRange = new ZEMnumeric(this);
   ValRange->setObjectName(QStringLiteral("ValRange"));
@@ -116,20 +117,36 @@ void UceDataList::makeControls() {
 void UceDataList::makeCommands() {
   const auto may = [this] { return valueListControls(state()); };
   std::vector<Command> table{
-      {.key = "cancel", .toolTip = "Cancel changes", .icon = "cancel",
-       .run = [this] { showRow(shown_); }, .enabled = [may] { return may().cancel; }},
-      {.key = "save", .toolTip = "Valid changes", .icon = "valid",
-       .run = [this] { changeItem(); }, .enabled = [may] { return may().save; }},
-      {.key = "cut", .toolTip = "Cut selected items (Ctrl X)", .icon = "cut",
-       .run = [this] { cut(); }, .enabled = [may] { return may().cut; },
+      {.key = "cancel",
+       .toolTip = "Cancel changes",
+       .icon = "cancel",
+       .run = [this] { showRow(shown_); },
+       .enabled = [may] { return may().cancel; }},
+      {.key = "save",
+       .toolTip = "Valid changes",
+       .icon = "valid",
+       .run = [this] { changeItem(); },
+       .enabled = [may] { return may().save; }},
+      {.key = "cut",
+       .toolTip = "Cut selected items (Ctrl X)",
+       .icon = "cut",
+       .run = [this] { cut(); },
+       .enabled = [may] { return may().cut; },
        .shortcuts = {QKeySequence(QKeySequence::Cut), QKeySequence(Qt::Key_Delete)}},
-      {.key = "copy", .toolTip = "Copy selected items to clipboard (Ctrl C)", .icon = "copy",
-       .run = [this] { copy(false); }, .enabled = [may] { return may().copy; },
+      {.key = "copy",
+       .toolTip = "Copy selected items to clipboard (Ctrl C)",
+       .icon = "copy",
+       .run = [this] { copy(false); },
+       .enabled = [may] { return may().copy; },
        .shortcuts = {QKeySequence(QKeySequence::Copy)}},
-      {.key = "paste", .toolTip = "Paste items from clipboard (Ctrl V)", .icon = "paste",
-       .run = [this] { paste(); }, .enabled = [may] { return may().paste; },
+      {.key = "paste",
+       .toolTip = "Paste items from clipboard (Ctrl V)",
+       .icon = "paste",
+       .run = [this] { paste(); },
+       .enabled = [may] { return may().paste; },
        .shortcuts = {QKeySequence(QKeySequence::Paste)}},
-      {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVmain); },
+      {.key = "selectAll",
+       .run = [this] { ListViewSelectAll(*LVmain); },
        .shortcuts = {QKeySequence(QKeySequence::SelectAll)}}};
   // The keys belong to the list: in the fields they are those of any text.
   commands_ = new CommandTable(LVmain, std::move(table));
@@ -144,7 +161,9 @@ void UceDataList::InitControl() {
   LVmain->setAccessibleName(qs(textOf({"DATALIST/MSG/LVmain/name", "Values"})));
 }
 
-void UceDataList::setLang(const std::string&) { InitControl(); }
+void UceDataList::setLang(const std::string&) {
+  InitControl();
+}
 
 void UceDataList::setData(DataItem* data) {
   data_ = data;
@@ -180,7 +199,8 @@ bool UceDataList::eventFilter(QObject* watched, QEvent* event) {
 
 void UceDataList::fillRows(ValueRow* current) {
   std::vector<RowTag> tags;
-  for (const auto& row : values_.rows()) tags.push_back(row.get());
+  for (const auto& row : values_.rows())
+    tags.push_back(row.get());
   loading_ = true;
   LVmain->rows().setRows(std::move(tags));
   if (current) LVmain->selectOnly(current);
@@ -222,11 +242,14 @@ bool UceDataList::TestAndConfirmChange() {
   return typed == Typed::Taken;
 }
 
-bool UceDataList::finishTyping() { return askTyping() != Typed::Refused; }
+bool UceDataList::finishTyping() {
+  return askTyping() != Typed::Refused;
+}
 
 std::vector<ValueRow*> UceDataList::selectedRows() const {
   std::vector<ValueRow*> rows;
-  for (const RowTag tag : LVmain->selectedTags()) rows.push_back(static_cast<ValueRow*>(tag));
+  for (const RowTag tag : LVmain->selectedTags())
+    rows.push_back(static_cast<ValueRow*>(tag));
   return rows;
 }
 
@@ -235,7 +258,9 @@ ValueListState UceDataList::state() const {
   return {data_ != nullptr, LVmain->selectionModel()->hasSelection() ? 1 : 0, itemChanged_};
 }
 
-ValueRow* UceDataList::currentRow() const { return static_cast<ValueRow*>(LVmain->currentTag()); }
+ValueRow* UceDataList::currentRow() const {
+  return static_cast<ValueRow*>(LVmain->currentTag());
+}
 
 void UceDataList::rowChosen() {
   // The focus alone makes a row the current one, and does not choose it.
@@ -300,8 +325,8 @@ bool UceDataList::addNew() {
 }
 
 void UceDataList::editInfo() {
-  const QString title = qs(textOf({"DATALIST/MSG/Infos/title", "Value"})) + QLatin1Char(' ') +
-                        ValRange->text();
+  const QString title =
+      qs(textOf({"DATALIST/MSG/Infos/title", "Value"})) + QLatin1Char(' ') + ValRange->text();
   frmDataDescription dialog(title, info_, this);
   if (dialog.exec() != QDialog::Accepted || dialog.text() == info_) return;
   info_ = dialog.text();
@@ -345,7 +370,9 @@ void UceDataList::paste() {
   tellChange();
 }
 
-void UceDataList::tellChange() { emit listChanged(); }
+void UceDataList::tellChange() {
+  emit listChanged();
+}
 
 std::vector<MenuEntry> UceDataList::menu() const {
   const bool some = LVmain->selectionModel()->hasSelection();

@@ -33,7 +33,9 @@ using desktop::u8;
 
 namespace {
 
-DataItem& dataOf(RowTag tag) { return *static_cast<DataItem*>(tag); }
+DataItem& dataOf(RowTag tag) {
+  return *static_cast<DataItem*>(tag);
+}
 
 /// Whole numbers from 1 on can be typed. A number of a file that lies outside is shown as it is and
 /// does not change by walking through its field.
@@ -67,12 +69,12 @@ void UceDatas::InitControl() {
   parts_->initialised = true;
   const CMultiLangEx& texts = language::global();
   desktop::TranslateControl(*this, texts, "DATAS/CONTROLS");
-  parts_->types[0]->setText(qs(texts.getMultilangMessageDefault(
-      "Numeric", "DATAS/CONTROLS/OPtype/Numeric/caption")));
+  parts_->types[0]->setText(
+      qs(texts.getMultilangMessageDefault("Numeric", "DATAS/CONTROLS/OPtype/Numeric/caption")));
   parts_->types[1]->setText(qs(texts.getMultilangMessageDefault(
       "Numeric list", "DATAS/CONTROLS/OPtype/NumericList/caption")));
-  parts_->types[2]->setText(qs(texts.getMultilangMessageDefault(
-      "Not numeric", "DATAS/CONTROLS/OPtype/NotNumeric/caption")));
+  parts_->types[2]->setText(qs(
+      texts.getMultilangMessageDefault("Not numeric", "DATAS/CONTROLS/OPtype/NotNumeric/caption")));
   parts_->listDatas->setAccessibleName(
       qs(texts.getMultilangMessageDefault("List of data", "DATAS/MSG/listDatas/name")));
   parts_->UceDataList1->InitControl();
@@ -124,7 +126,9 @@ std::vector<RowTag> UceDatas::items() const {
   return {listed.begin(), listed.end()};
 }
 
-std::string UceDatas::nameOf(RowTag item) const { return dataOf(item).dataName(); }
+std::string UceDatas::nameOf(RowTag item) const {
+  return dataOf(item).dataName();
+}
 
 RowTag UceDatas::itemNamed(const std::string& name) const {
   const TargetItem* target = parts_->target();
@@ -151,7 +155,9 @@ void UceDatas::stateMoved() {
   if (parts_->listCommands) parts_->listCommands->refresh();
 }
 
-bool UceDatas::hasPendingEdits() const { return edits().changed() || parts_->typesValue(); }
+bool UceDatas::hasPendingEdits() const {
+  return edits().changed() || parts_->typesValue();
+}
 
 bool UceDatas::TestAndConfirmChange() {
   list().finishName();
@@ -190,8 +196,7 @@ DataFields UceDatas::Parts::readControls() const {
   fields.TextMnemo = u8(TextMnemo->text());
   fields.TextDescription = u8(TextDescription->text());
   // The field has one line; breaks that it does not show are not to be lost by it.
-  if (const DataItem* item = data();
-      item && inOneLine(item->Description) == fields.TextDescription)
+  if (const DataItem* item = data(); item && inOneLine(item->Description) == fields.TextDescription)
     fields.TextDescription = item->Description;
   fields.TextUnite = u8(TextUnite->text());
   fields.TextFormat = u8(TextFormat->text());
@@ -242,7 +247,9 @@ void UceDatas::Parts::typeChosen(DataType type) {
   edited();
 }
 
-void UceDatas::Parts::edited() { page.SetChanged(Edited); }
+void UceDatas::Parts::edited() {
+  page.SetChanged(Edited);
+}
 
 void UceDatas::Parts::stillEdited() {
   page.announceApplied();
@@ -254,7 +261,8 @@ void UceDatas::Parts::colourFields() {
   const QColor red = readableOn(shown, shownColour(faultRed, shown));
   QPalette fault;
   fault.setColor(QPalette::WindowText, red);
-  for (QLabel* label : {labCoefC, lblWarning}) label->setPalette(fault);
+  for (QLabel* label : {labCoefC, lblWarning})
+    label->setPalette(fault);
   fault = QPalette();
   fault.setColor(QPalette::Text, red);
   for (QLineEdit* field : {TextCoeffA, TextCoeffB, TextCoeffC})

@@ -29,42 +29,71 @@ void UceDatas::Parts::makeCommands() {
   const auto one = [this] { return data() != nullptr; };
   const auto some = [this] { return listDatas->selectionModel()->hasSelection(); };
   std::vector<Command> all = page.findCommands();
-  all.push_back({.key = "cancel", .toolTip = "Cancel changes (Ctrl Z)", .icon = "cancel",
+  all.push_back({.key = "cancel",
+                 .toolTip = "Cancel changes (Ctrl Z)",
+                 .icon = "cancel",
                  .run = [this] { cancel(); },
                  .enabled = [this] { return page.hasPendingEdits(); },
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}});
-  all.push_back({.key = "valid", .toolTip = "Valid changes", .icon = "valid",
-                 .run = [this] { validate(false); }, .enabled = one});
-  all.push_back({.key = "save", .toolTip = "Save changes (Ctrl S)", .icon = "save",
-                 .run = [this] { validate(true); }, .enabled = one,
+  all.push_back({.key = "valid",
+                 .toolTip = "Valid changes",
+                 .icon = "valid",
+                 .run = [this] { validate(false); },
+                 .enabled = one});
+  all.push_back({.key = "save",
+                 .toolTip = "Save changes (Ctrl S)",
+                 .icon = "save",
+                 .run = [this] { validate(true); },
+                 .enabled = one,
                  .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}});
-  all.push_back({.key = "help", .toolTip = "Help (F1)", .icon = "help",
+  all.push_back({.key = "help",
+                 .toolTip = "Help (F1)",
+                 .icon = "help",
                  .run = [this] { showHelp(); },
                  .shortcuts = {QKeySequence(Qt::Key_F1)}});
   commands = new CommandTable(&page, std::move(all));
 
   // In the fields these keys are those of any text.
   listCommands = new CommandTable(
-      listDatas,
-      {{.key = "add", .toolTip = "Add data", .icon = "add", .run = [this] { newOne(); },
-        .enabled = open, .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_N)}},
-       {.key = "rename", .toolTip = "Rename data (F2)", .icon = "rename",
-        .run = [this] { page.editActiveName(); }, .enabled = one,
-        .shortcuts = {QKeySequence(Qt::Key_F2)}},
-       {.key = "find", .toolTip = "Find data", .icon = "find",
-        .run = [this] { page.FindItem({}); }, .enabled = one,
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_F)}},
-       {.key = "cut", .toolTip = "Cut data (Ctrl X)", .icon = "cut", .run = [this] { cut(); },
-        .enabled = some,
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
-       {.key = "copy", .toolTip = "Copy data to clipboard (Ctrl C)", .icon = "copy",
-        .run = [this] { copy(); }, .enabled = some,
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
-       {.key = "paste", .toolTip = "Paste data from clipboard (Ctrl V)", .icon = "paste",
-        .run = [this] { paste(desktop::clipboardText()); }, .enabled = open,
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
-       {.key = "selectAll", .run = [this] { ListViewSelectAll(*listDatas); },
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
+      listDatas, {{.key = "add",
+                   .toolTip = "Add data",
+                   .icon = "add",
+                   .run = [this] { newOne(); },
+                   .enabled = open,
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_N)}},
+                  {.key = "rename",
+                   .toolTip = "Rename data (F2)",
+                   .icon = "rename",
+                   .run = [this] { page.editActiveName(); },
+                   .enabled = one,
+                   .shortcuts = {QKeySequence(Qt::Key_F2)}},
+                  {.key = "find",
+                   .toolTip = "Find data",
+                   .icon = "find",
+                   .run = [this] { page.FindItem({}); },
+                   .enabled = one,
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_F)}},
+                  {.key = "cut",
+                   .toolTip = "Cut data (Ctrl X)",
+                   .icon = "cut",
+                   .run = [this] { cut(); },
+                   .enabled = some,
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
+                  {.key = "copy",
+                   .toolTip = "Copy data to clipboard (Ctrl C)",
+                   .icon = "copy",
+                   .run = [this] { copy(); },
+                   .enabled = some,
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
+                  {.key = "paste",
+                   .toolTip = "Paste data from clipboard (Ctrl V)",
+                   .icon = "paste",
+                   .run = [this] { paste(desktop::clipboardText()); },
+                   .enabled = open,
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
+                  {.key = "selectAll",
+                   .run = [this] { ListViewSelectAll(*listDatas); },
+                   .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
   commands->fillToolBar(*TbData, {"cancel", "valid", "save", ""});
   listCommands->fillToolBar(*TbData, {"add", "rename", "find", "", "cut", "copy", "paste", ""});
   commands->fillToolBar(*TbData, {"help"});
@@ -88,7 +117,8 @@ void UceDatas::Parts::makeCommands() {
 
 std::vector<DataItem*> UceDatas::Parts::selected() const {
   std::vector<DataItem*> items;
-  for (const RowTag tag : listDatas->selectedTags()) items.push_back(static_cast<DataItem*>(tag));
+  for (const RowTag tag : listDatas->selectedTags())
+    items.push_back(static_cast<DataItem*>(tag));
   return items;
 }
 
@@ -188,7 +218,8 @@ void UceDatas::Parts::copyText() {
 
 void UceDatas::Parts::copyTradConfig() {
   TabText text;
-  for (const DataItem* item : selected()) addTradConfig(text, *item);
+  for (const DataItem* item : selected())
+    addTradConfig(text, *item);
   if (!text.text().empty()) desktop::setClipboardText(text.text());
 }
 

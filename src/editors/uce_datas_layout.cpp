@@ -28,7 +28,8 @@ using desktop::qs;
 
 namespace {
 
-template <class Button> Button* button(const char* name, const char* caption, QWidget* parent) {
+template <class Button>
+Button* button(const char* name, const char* caption, QWidget* parent) {
   Button* made = named<Button>(name, parent);
   made->setText(QLatin1String(caption));
   return made;

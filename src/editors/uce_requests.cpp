@@ -34,7 +34,9 @@ namespace {
 // 0xBBGGRR, or that of the system.
 constexpr std::uint32_t changedBlue = 0xFF0000, listText = 0x80000008u;
 
-RequestItem& requestOf(RowTag tag) { return *static_cast<RequestItem*>(tag); }
+RequestItem& requestOf(RowTag tag) {
+  return *static_cast<RequestItem*>(tag);
+}
 
 void setNumber(ZEMnumeric& field, double value) {
   // A number of a file may lie outside what can be typed; it is shown as it is.
@@ -47,8 +49,7 @@ void setNumber(ZEMnumeric& field, double value) {
 
 UceRequests::UceRequests(platform::Person& person, platform::Settings* settings, QWidget* parent)
     : ListPage(person,
-               {{"REQUESTS/MSG/FindItem/text",
-                 "Find next request whose name contains the word: "},
+               {{"REQUESTS/MSG/FindItem/text", "Find next request whose name contains the word: "},
                 {"REQUESTS/MSG/FindItem/title", "Find request"}},
                parent),
       parts_(std::make_unique<Parts>(*this, settings)) {
@@ -97,7 +98,9 @@ void UceRequests::setEditRequestName(const QString& name) {
   if (!chooseName(u8(name))) rememberName(u8(name));
 }
 
-QString UceRequests::EditDataName() const { return qs(parts_->positions->dataName()); }
+QString UceRequests::EditDataName() const {
+  return qs(parts_->positions->dataName());
+}
 
 void UceRequests::setEditDataName(const QString& name) {
   parts_->positions->setLastDataName(u8(name));
@@ -122,18 +125,23 @@ std::vector<RowTag> UceRequests::items() const {
   const TargetItem* target = parts_->target();
   if (!target || !target->Requests()) return tags;
   tags.reserve(static_cast<std::size_t>(target->Requests()->Count()));
-  for (RequestItem* request : *target->Requests()) tags.push_back(request);
+  for (RequestItem* request : *target->Requests())
+    tags.push_back(request);
   return tags;
 }
 
-std::string UceRequests::nameOf(RowTag item) const { return requestOf(item).requestName; }
+std::string UceRequests::nameOf(RowTag item) const {
+  return requestOf(item).requestName;
+}
 
 RowTag UceRequests::itemNamed(const std::string& name) const {
   const TargetItem* target = parts_->target();
   return target && target->Requests() ? target->Requests()->ItemName(name) : nullptr;
 }
 
-std::string UceRequests::countText(int rows) const { return requestCountText(rows); }
+std::string UceRequests::countText(int rows) const {
+  return requestCountText(rows);
+}
 
 void UceRequests::showItem(RowTag item) {
   Parts& parts = *parts_;
@@ -141,12 +149,13 @@ void UceRequests::showItem(RowTag item) {
   parts.showControls(item ? fieldsOf(requestOf(item)) : RequestFields{});
   parts.showCaption();
   parts.FrameInfos->setEnabled(item != nullptr);
-  if (item == parts.shownItem) parts.positions->drop();
-  else parts.positions->leave();
+  if (item == parts.shownItem)
+    parts.positions->drop();
+  else
+    parts.positions->leave();
   parts.shownItem = item;
   if (item && std::exchange(parts.sideWanted, false) && requestOf(item).DataPositions) {
-    const auto* position =
-        requestOf(item).DataPositions->ItemName(parts.positions->lastDataName());
+    const auto* position = requestOf(item).DataPositions->ItemName(parts.positions->lastDataName());
     if (position && position->param != parts.sentShown()) {
       const QSignalBlocker quiet(parts.TSsendReceipt);
       parts.TSsendReceipt->setCurrentIndex(position->param ? 0 : 1);
@@ -161,8 +170,8 @@ void UceRequests::showItem(RowTag item) {
 
 void UceRequests::confirmedByClick(bool applied) {
   if (!applied) return;
-  // All rows anew, each at its place: the one that is being clicked stays under the pointer, whatever
-  // the list is sorted by.
+  // All rows anew, each at its place: the one that is being clicked stays under the pointer,
+  // whatever the list is sorted by.
   parts_->forgetMarks();
   list().rows().refreshAll();
 }
@@ -270,9 +279,13 @@ void UceRequests::Parts::showControls(const RequestFields& fields) {
   colourFields();
 }
 
-void UceRequests::Parts::edited() { page.SetChanged(Edited); }
+void UceRequests::Parts::edited() {
+  page.SetChanged(Edited);
+}
 
-void UceRequests::Parts::applied(int kind) { applied(kind, page.edits().changed()); }
+void UceRequests::Parts::applied(int kind) {
+  applied(kind, page.edits().changed());
+}
 
 void UceRequests::Parts::applied(int kind, bool pending) {
   page.SetChanged(kind);
@@ -447,8 +460,10 @@ void UceRequests::Parts::refreshRequest() {
 }
 
 void UceRequests::Parts::positionsChanged(int kind) {
-  if (kind == Edited) edited();
-  else applied(kind);
+  if (kind == Edited)
+    edited();
+  else
+    applied(kind);
 }
 
 void UceRequests::Parts::help() {

@@ -43,7 +43,8 @@ ZEMnumeric* number(const char* name, QWidget* parent) {
 }
 
 /// Its text is computed: the language file has none for it.
-template <class Widget> Widget* untranslated(Widget* widget) {
+template <class Widget>
+Widget* untranslated(Widget* widget) {
   widget->setProperty(desktop::controlTypeProperty, QString());
   return widget;
 }
@@ -78,14 +79,14 @@ void UceRequests::Parts::makeControls() {
       {{.key = "requestname", .caption = "Request name", .width = 250},
        {.key = "sendbytes", .caption = "Send bytes", .width = 110},
        {.key = "comment", .caption = "Comment"}},
-      {.text =
-           [](RowTag tag, int column) {
-             return requestCell(*static_cast<RequestItem*>(tag), column);
-           },
+      {.text = [](RowTag tag,
+                  int column) { return requestCell(*static_cast<RequestItem*>(tag), column); },
        .look = [this](RowTag tag) { return lookOf(tag); },
        .cellLook = [this](RowTag tag, int column) { return cellLookOf(tag, column); },
-       .rename = [this](RowTag tag,
-                        const std::string& text) { return rename(*static_cast<RequestItem*>(tag), text); }},
+       .rename =
+           [this](RowTag tag, const std::string& text) {
+             return rename(*static_cast<RequestItem*>(tag), text);
+           }},
       left);
   LVrequests->setObjectName(QStringLiteral("LVrequests"));
   LVrequests->setHeaderSorts(true);

@@ -128,8 +128,8 @@ struct UceRequests::Parts : PositionHost {
   RowTag shownItem = nullptr;
   /// A data was led to before its request was there: its side comes to the front with it, once.
   bool sideWanted = false;
-  /// Until the list is filled again: rows whose reply template a normalisation has changed (true) or
-  /// found right, and those without request bytes that it came to.
+  /// Until the list is filled again: rows whose reply template a normalisation has changed (true)
+  /// or found right, and those without request bytes that it came to.
   std::unordered_map<RowTag, bool> normalised;
   std::unordered_set<RowTag> withoutBytes;
   /// Rows that are not bold and have no tool tip since they were renamed, with the colour that they

@@ -42,7 +42,7 @@ class CanIdentifierField : public QWidget {
   ZEMnumeric* number_;
   QCheckBox* extended_;
   const QLineEdit* textBox_; // of the number field
-  bool showing_ = false; // code changes the controls
+  bool showing_ = false;     // code changes the controls
   bool unset_ = true;
   CanIdentifier known_; ///< as shown, or as told by edited() last
 };

@@ -32,7 +32,9 @@ frame::Extent inTwips(const QRect& pixels) {
           static_cast<double>(pixels.height()) * frame::twipsPerPixel};
 }
 
-int inPixels(double twips) { return qRound(twips / frame::twipsPerPixel); }
+int inPixels(double twips) {
+  return qRound(twips / frame::twipsPerPixel);
+}
 
 QAction* entry(QMenu& menu, const char* name, const char* caption) {
   QAction* action = menu.addAction(QString::fromLatin1(caption));
@@ -49,8 +51,7 @@ QMenu* menuNamed(QMenuBar& bar, const char* name, const char* caption) {
 /// The value by name; empty without one.
 std::string valueOf(const KelmarForm::Parameters& parameters, std::string_view name) {
   for (const auto& [key, value] : parameters)
-    if (key == name)
-      return value;
+    if (key == name) return value;
   return {};
 }
 
@@ -79,8 +80,8 @@ KelmarForm::KelmarForm(Machine machine, Program program, const omnikorEditor::Pa
 }
 
 void KelmarForm::start(const std::string& commandString) {
-  const frame::RequestedPosition wanted =
-      frame::requestedPosition(commandString, inTwips(QGuiApplication::primaryScreen()->geometry()));
+  const frame::RequestedPosition wanted = frame::requestedPosition(
+      commandString, inTwips(QGuiApplication::primaryScreen()->geometry()));
   dataRoot_ = machine_.site.DataRoot();
   currentLanguage_ = machine_.site.CurrentLanguage();
   texts_.initLanguage(dataRoot_, currentLanguage_, "lang", "KelmarX.xml");
@@ -97,8 +98,7 @@ void KelmarForm::start(const std::string& commandString) {
   if (machine_.site.UseRemoteFlag() ? !machine_.site.RemoteOverride().empty()
                                     : !startsWithFolded(dataRoot_, "file:"))
     remote.clear();
-  if (!remote.empty())
-    ctlOmnikor->setRemoteDataServer(remote);
+  if (!remote.empty()) ctlOmnikor->setRemoteDataServer(remote);
   SetMenusEnabled(true);
 
   ctlOmnikor->InitParameters(dataRoot_, parametersFile);
@@ -107,13 +107,15 @@ void KelmarForm::start(const std::string& commandString) {
   show();
 }
 
-void KelmarForm::openFile(const std::string& file) { ctlOmnikor->selector().openTold(file); }
+void KelmarForm::openFile(const std::string& file) {
+  ctlOmnikor->selector().openTold(file);
+}
 
 // The entries of the checks come with the checks.
 void KelmarForm::makeMenus() {
   mnuFile = menuNamed(*menuBar(), "mnuFile", "&File");
-  connect(entry(*mnuFile, "mnuFileStartNewApp", "Start a new Kelmar instance"),
-          &QAction::triggered, this, [this] { startNewApp(); });
+  connect(entry(*mnuFile, "mnuFileStartNewApp", "Start a new Kelmar instance"), &QAction::triggered,
+          this, [this] { startNewApp(); });
   mnuFile->addSeparator()->setObjectName(QStringLiteral("mnuFileSep"));
   QAction* quit = entry(*mnuFile, "mnuFileQuit", "&Quit");
   quit->setShortcut(QKeySequence::Quit);
@@ -194,10 +196,10 @@ bool KelmarForm::helpPageIsMissing(const std::string& language,
          !platform::fileExists(root + "/doc/kelmar/" + language + "/" + helpModule + ".htm");
 }
 
-// A browser starts just as well for a page that is not there, so what the disk tells is asked first.
+// A browser starts just as well for a page that is not there, so what the disk tells is asked
+// first.
 void KelmarForm::showHelp(const std::string& helpModule, const std::string& helpFunction) {
-  if (helpModule.empty())
-    return;
+  if (helpModule.empty()) return;
   const std::string command = helpFunction.empty() ? std::string() : browserCommand_;
   // The French page stands in for one that is not there, and the English one for both: those who
   // write the pages begin with English.

@@ -34,8 +34,7 @@ Q_LOGGING_CATEGORY(startSteps, "kelmar.start", QtWarningMsg)
 
 int tabOf(const QTabBar& tabs, std::string_view key) {
   for (int i = 0; i < tabs.count(); ++i)
-    if (u8(tabs.tabData(i).toString()) == key)
-      return i;
+    if (u8(tabs.tabData(i).toString()) == key) return i;
   return -1;
 }
 
@@ -74,8 +73,7 @@ omnikorEditor::omnikorEditor(Machine machine, const PageMakers& pages, QWidget* 
   }
   for (const PageRow& row : frame::pageTable()) {
     const auto maker = pages.find(std::string(row.key));
-    if (maker == pages.end())
-      continue;
+    if (maker == pages.end()) continue;
     Page* made = maker->second(this);
     made->setObjectName(qs(row.page));
     made->setProperty(desktop::ownTextsProperty, true);
@@ -105,8 +103,7 @@ omnikorEditor::~omnikorEditor() {
     delete shown.page;
   pages_.clear();
   delete selector_;
-  if (texts_)
-    language::setGlobal(nullptr);
+  if (texts_) language::setGlobal(nullptr);
 }
 
 void omnikorEditor::turnPage(int step) {
@@ -115,31 +112,47 @@ void omnikorEditor::turnPage(int step) {
   if (tab >= 0 && tab < TabStripPrincipal->count()) TabStripPrincipal->setCurrentIndex(tab);
 }
 
-const std::string& omnikorEditor::BaseUrl() const { return selector_->BaseUrl; }
-void omnikorEditor::setBaseUrl(const std::string& address) { selector_->BaseUrl = address; }
-const std::string& omnikorEditor::xmlStyleSheet() const { return selector_->xmlStyleSheet; }
-void omnikorEditor::setXmlStyleSheet(const std::string& name) { selector_->xmlStyleSheet = name; }
-const std::string& omnikorEditor::XmlSchemaTarget() const { return selector_->XmlSchemaTarget; }
+const std::string& omnikorEditor::BaseUrl() const {
+  return selector_->BaseUrl;
+}
+void omnikorEditor::setBaseUrl(const std::string& address) {
+  selector_->BaseUrl = address;
+}
+const std::string& omnikorEditor::xmlStyleSheet() const {
+  return selector_->xmlStyleSheet;
+}
+void omnikorEditor::setXmlStyleSheet(const std::string& name) {
+  selector_->xmlStyleSheet = name;
+}
+const std::string& omnikorEditor::XmlSchemaTarget() const {
+  return selector_->XmlSchemaTarget;
+}
 void omnikorEditor::setXmlSchemaTarget(const std::string& uri) {
   selector_->XmlSchemaTarget = uri;
 }
-const std::string& omnikorEditor::XmlSchemaScreen() const { return selector_->XmlSchemaScreen; }
+const std::string& omnikorEditor::XmlSchemaScreen() const {
+  return selector_->XmlSchemaScreen;
+}
 void omnikorEditor::setXmlSchemaScreen(const std::string& uri) {
   selector_->XmlSchemaScreen = uri;
 }
-const std::string& omnikorEditor::SiteKey() const { return selector_->SiteKey; }
-void omnikorEditor::setSiteKey(const std::string& key) { selector_->SiteKey = key; }
-const std::string& omnikorEditor::RemoteDataServer() const { return selector_->RemoteDataServer; }
+const std::string& omnikorEditor::SiteKey() const {
+  return selector_->SiteKey;
+}
+void omnikorEditor::setSiteKey(const std::string& key) {
+  selector_->SiteKey = key;
+}
+const std::string& omnikorEditor::RemoteDataServer() const {
+  return selector_->RemoteDataServer;
+}
 void omnikorEditor::setRemoteDataServer(const std::string& server) {
   selector_->RemoteDataServer = server;
 }
 
 void omnikorEditor::setLang(const std::string& code) {
   lang_ = trimBlanks(code);
-  if (texts_)
-    texts_->language = lang_;
-  if (database_)
-    database_->lang = lang_;
+  if (texts_) texts_->language = lang_;
+  if (database_) database_->lang = lang_;
   for (const std::string_view name : frame::languageOrder()) {
     const PageRow& row = *frame::rowOfPage(name);
     if (row.kind == frame::PageKind::Selector)
@@ -151,7 +164,9 @@ void omnikorEditor::setLang(const std::string& code) {
   state_.showAgain();
 }
 
-std::string omnikorEditor::GetVersion() { return applicationVersion; }
+std::string omnikorEditor::GetVersion() {
+  return applicationVersion;
+}
 
 void omnikorEditor::InitParameters(const std::string& basePath,
                                    const std::string& parametersFileName) {
@@ -164,8 +179,7 @@ void omnikorEditor::InitParameters(const std::string& basePath,
   qCDebug(startSteps) << "UceSelector1.InitParameters";
   selector_->InitParameters(basePath, parametersFileName);
   for (const std::string_view name : frame::initOrder())
-    if (Page* built = page(frame::rowOfPage(name)->key))
-      built->InitControl();
+    if (Page* built = page(frame::rowOfPage(name)->key)) built->InitControl();
   if (Page* parameters = page("UCEparam"))
     parameters->writeProperty("databaseDescription", selector_->selectionLabel());
   ShowPage(0);
@@ -178,8 +192,7 @@ void omnikorEditor::InitParameters(const std::string& basePath,
 
 Page* omnikorEditor::page(std::string_view tab) const {
   for (const Shown& shown : pages_)
-    if (shown.row->key == tab)
-      return shown.page;
+    if (shown.row->key == tab) return shown.page;
   return nullptr;
 }
 
@@ -260,8 +273,7 @@ void omnikorEditor::goTo(std::string_view source, std::string_view event,
   const std::optional<frame::GoTo> way = frame::routeOf(source, event, arguments);
   const PageRow* row = way ? frame::rowOfPage(way->target) : nullptr;
   Page* target = row ? page(row->key) : nullptr;
-  if (!target)
-    return;
+  if (!target) return;
   for (const auto& [property, value] : way->writes)
     target->writeProperty(property.c_str(), value);
   if (!way->operation.empty())
@@ -269,8 +281,7 @@ void omnikorEditor::goTo(std::string_view source, std::string_view event,
                               Q_ARG(QString, qs(way->arguments.at(0))),
                               Q_ARG(QString, qs(way->arguments.at(1))),
                               Q_ARG(QString, qs(way->arguments.at(2))));
-  if (!way->tab.empty())
-    selectTab(way->tab);
+  if (!way->tab.empty()) selectTab(way->tab);
 }
 
 void omnikorEditor::selectTab(std::string_view key) {
@@ -282,14 +293,12 @@ void omnikorEditor::tabClicked() {
   const Hourglass hourglass;
   const int tab = TabStripPrincipal->currentIndex();
   const PageRow* row = frame::rowOfTab(u8(TabStripPrincipal->tabData(tab).toString()));
-  if (!row)
-    return;
+  if (!row) return;
   state_.ConfirmLeavePage(currentPage_, false);
   if (row->kind == frame::PageKind::Selector) {
     ShowPage(0);
     selector_->InitMenu();
-    if (database_)
-      selector_->setDatabase(database_);
+    if (database_) selector_->setDatabase(database_);
     selector_->displayDatas();
   } else if (!databaseLoaded_) {
     selectTab("database");
@@ -302,30 +311,25 @@ void omnikorEditor::EnterPage(const PageRow& row) {
   database_ = selector_->database();
   ShowPage(row.index);
   Page* entered = page(row.key);
-  if (!entered || !database_)
-    return;
+  if (!entered || !database_) return;
   if (row.entry == frame::Entry::WithDatas &&
       !(database_->ActiveTarget && database_->ActiveTarget->datas()))
     return;
-  const std::string file =
-      selector_->fileName().empty() ? selector_->url() : selector_->fileName();
+  const std::string file = selector_->fileName().empty() ? selector_->url() : selector_->fileName();
   entered->displayDatas(*database_, row.entry == frame::Entry::WithFileName ? file : "");
 }
 
 void omnikorEditor::ShowPage(int index) {
   currentPage_ = index;
   QWidget* shown = nullptr;
-  if (index == 0)
-    shown = selector_;
+  if (index == 0) shown = selector_;
   selector_->setVisible(index == 0);
   for (const Shown& candidate : pages_) {
     const bool current = candidate.row->index == index;
     candidate.page->setVisible(current);
-    if (current)
-      shown = candidate.page;
+    if (current) shown = candidate.page;
   }
-  if (shown)
-    shown->setFocus(Qt::OtherFocusReason);
+  if (shown) shown->setFocus(Qt::OtherFocusReason);
 }
 
 void omnikorEditor::selected(bool loaded) {
@@ -333,39 +337,40 @@ void omnikorEditor::selected(bool loaded) {
   databaseLoaded_ = loaded;
   TabStripPrincipal->setEnabled(loaded);
   state_.SetSaveNeed(false);
-  if (!loaded)
-    return;
+  if (!loaded) return;
   const std::shared_ptr<OmnikorLibXml> open = selector_->database();
   emit DatabaseChanged(targetName().value_or(""));
-  if (Page* labels = page("labels"); labels && open)
-    labels->displayDatas(*open, "");
+  if (Page* labels = page("labels"); labels && open) labels->displayDatas(*open, "");
 }
 
 void omnikorEditor::translateControls() {
-  if (texts_)
-    desktop::TranslateControl(*this, *texts_, controlsKey);
+  if (texts_) desktop::TranslateControl(*this, *texts_, controlsKey);
 }
 
 void omnikorEditor::setTabCaption(const PageRow& row, const std::string& caption) {
   const int tab = tabOf(*TabStripPrincipal, row.key);
-  if (tab >= 0)
-    TabStripPrincipal->setTabText(tab, qs(caption));
+  if (tab >= 0) TabStripPrincipal->setTabText(tab, qs(caption));
 }
 
 std::string omnikorEditor::translated(std::string_view defaultText, std::string_view key) const {
   return language::global().getMultilangMessageDefault(std::string(defaultText), std::string(key));
 }
 
-void omnikorEditor::setSelectorSaveNeed(bool value) { selector_->saveNeed = value; }
+void omnikorEditor::setSelectorSaveNeed(bool value) {
+  selector_->saveNeed = value;
+}
 
-bool omnikorEditor::saveFile() { return selector_->saveFile(); }
+bool omnikorEditor::saveFile() {
+  return selector_->saveFile();
+}
 
-void omnikorEditor::saveBackupFile() { selector_->saveBackupFile(); }
+void omnikorEditor::saveBackupFile() {
+  selector_->saveBackupFile();
+}
 
 std::optional<std::string> omnikorEditor::targetName() const {
   const std::shared_ptr<OmnikorLibXml>& open = selector_->database();
-  if (!open || !open->ActiveTarget)
-    return std::nullopt;
+  if (!open || !open->ActiveTarget) return std::nullopt;
   return open->ActiveTarget->name();
 }
 

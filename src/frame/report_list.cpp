@@ -22,11 +22,16 @@ namespace {
 
 std::string cellOf(const NotKept& item, int column) {
   switch (column) {
-  case 0: return item.kind;
-  case 1: return item.name;
-  case 2: return item.path;
-  case 3: return item.line == 0 ? std::string() : std::to_string(item.line);
-  default: return item.reason;
+  case 0:
+    return item.kind;
+  case 1:
+    return item.name;
+  case 2:
+    return item.path;
+  case 3:
+    return item.line == 0 ? std::string() : std::to_string(item.line);
+  default:
+    return item.reason;
   }
 }
 

@@ -44,15 +44,14 @@ void UceAutoIdents::makeControls() {
   database->addWidget(caption("LabelDatabase", "Database", txtDatabase, this));
   database->addWidget(txtDatabase, 1);
   rows->addLayout(database);
-  LVident = new ListView({{.key = "diagVersion", .caption = "Diag version", .width = 110},
-                          {.key = "supplier", .caption = "Supplier", .width = 100},
-                          {.key = "soft", .caption = "Soft", .width = 100},
-                          {.key = "version", .caption = "Version"}},
-                         {.text =
-                              [](RowTag tag, int column) {
-                                return autoIdentCell(*static_cast<AutoIdentItem*>(tag), column);
-                              }},
-                         this);
+  LVident = new ListView(
+      {{.key = "diagVersion", .caption = "Diag version", .width = 110},
+       {.key = "supplier", .caption = "Supplier", .width = 100},
+       {.key = "soft", .caption = "Soft", .width = 100},
+       {.key = "version", .caption = "Version"}},
+      {.text = [](RowTag tag,
+                  int column) { return autoIdentCell(*static_cast<AutoIdentItem*>(tag), column); }},
+      this);
   LVident->setObjectName(QStringLiteral("LVident"));
   LVident->setAccessibleName(QStringLiteral("Identifications"));
   rows->addWidget(LVident, 1);
@@ -120,27 +119,46 @@ void UceAutoIdents::makeCommands() {
   const auto enabled = [this](const char* key) {
     return [this, key = std::string(key)] { return isAutoIdentCommandEnabled(key, state()); };
   };
-  commands_ = new CommandTable(
-      this,
-      {{.key = "save", .toolTip = "Save (Ctrl S)", .icon = "save", .run = [this] { save(); },
-        .enabled = enabled("save"), .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}},
-       {.key = "cancel", .toolTip = "Cancel (Ctrl Z)", .icon = "cancel",
-        .run = [this] { cancel(); }, .enabled = enabled("cancel"),
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}},
-       {.key = "check", .toolTip = "Search the ECU file of this identification",
-        .icon = "search", .run = [this] { check(); }, .enabled = enabled("check")}});
+  commands_ = new CommandTable(this, {{.key = "save",
+                                       .toolTip = "Save (Ctrl S)",
+                                       .icon = "save",
+                                       .run = [this] { save(); },
+                                       .enabled = enabled("save"),
+                                       .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}},
+                                      {.key = "cancel",
+                                       .toolTip = "Cancel (Ctrl Z)",
+                                       .icon = "cancel",
+                                       .run = [this] { cancel(); },
+                                       .enabled = enabled("cancel"),
+                                       .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}},
+                                      {.key = "check",
+                                       .toolTip = "Search the ECU file of this identification",
+                                       .icon = "search",
+                                       .run = [this] { check(); },
+                                       .enabled = enabled("check")}});
   // In the fields these keys are those of any text.
   listCommands_ = new CommandTable(
-      LVident,
-      {{.key = "cut", .toolTip = "Cut (Ctrl X)", .icon = "cut", .run = [this] { cut(); },
-        .enabled = enabled("cut"),
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
-       {.key = "copy", .toolTip = "Copy (Ctrl C)", .icon = "copy", .run = [this] { copy(); },
-        .enabled = enabled("copy"), .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
-       {.key = "paste", .toolTip = "Paste (Ctrl V)", .icon = "paste", .run = [this] { paste(); },
-        .enabled = enabled("paste"), .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
-       {.key = "selectAll", .run = [this] { ListViewSelectAll(*LVident); },
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
+      LVident, {{.key = "cut",
+                 .toolTip = "Cut (Ctrl X)",
+                 .icon = "cut",
+                 .run = [this] { cut(); },
+                 .enabled = enabled("cut"),
+                 .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_X), QKeySequence(Qt::Key_Delete)}},
+                {.key = "copy",
+                 .toolTip = "Copy (Ctrl C)",
+                 .icon = "copy",
+                 .run = [this] { copy(); },
+                 .enabled = enabled("copy"),
+                 .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_C)}},
+                {.key = "paste",
+                 .toolTip = "Paste (Ctrl V)",
+                 .icon = "paste",
+                 .run = [this] { paste(); },
+                 .enabled = enabled("paste"),
+                 .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_V)}},
+                {.key = "selectAll",
+                 .run = [this] { ListViewSelectAll(*LVident); },
+                 .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_A)}}});
   commands_->fillToolBar(*TBident, {"save", "cancel", ""});
   listCommands_->fillToolBar(*TBident, {"cut", "copy", "paste", ""});
   commands_->fillToolBar(*TBident, {"check"});
@@ -151,9 +169,13 @@ void UceAutoIdents::InitControl() {
   LVident->setAccessibleName(FRidentVal->title());
 }
 
-void UceAutoIdents::setLang(const std::string&) { InitControl(); }
+void UceAutoIdents::setLang(const std::string&) {
+  InitControl();
+}
 
-QString UceAutoIdents::databaseDescription() const { return txtDatabase->text(); }
+QString UceAutoIdents::databaseDescription() const {
+  return txtDatabase->text();
+}
 
 void UceAutoIdents::setDatabaseDescription(const QString& text) {
   txtDatabase->setText(text);
@@ -183,7 +205,8 @@ void UceAutoIdents::showSearchResult(const std::string& text, const std::string&
 
 std::vector<QWidget*> UceAutoIdents::tabOrder() const {
   std::vector<QWidget*> order;
-  for (QAction* action : TBident->actions()) order.push_back(TBident->widgetForAction(action));
+  for (QAction* action : TBident->actions())
+    order.push_back(TBident->widgetForAction(action));
   order.insert(order.end(), {txtDatabase, LVident, ValIndiceDiag, ValCodeFour, ValLogiciel,
                              ValVersion, buttonAddNewAi, txdHref});
   return order;
@@ -196,7 +219,8 @@ AutoIdentPageState UceAutoIdents::state() const {
 
 AutoIdentSelection UceAutoIdents::selected() const {
   AutoIdentSelection items;
-  for (const RowTag tag : LVident->selectedTags()) items.push_back(static_cast<AutoIdentItem*>(tag));
+  for (const RowTag tag : LVident->selectedTags())
+    items.push_back(static_cast<AutoIdentItem*>(tag));
   return items;
 }
 
@@ -208,7 +232,8 @@ AutoIdentItem* UceAutoIdents::active() const {
 
 void UceAutoIdents::fillList(RowTag chosen) {
   std::vector<RowTag> tags;
-  for (AutoIdentItem* item : *items_) tags.push_back(item);
+  for (AutoIdentItem* item : *items_)
+    tags.push_back(item);
   LVident->rows().setRows(std::move(tags));
   if (chosen) LVident->selectOnly(chosen);
   showSearchResult({}, {});
@@ -225,7 +250,8 @@ void UceAutoIdents::showRow() {
   ValCodeFour->setText(qs(entry.ValCodeFour));
   ValLogiciel->setText(qs(entry.ValLogiciel));
   ValVersion->setText(qs(entry.ValVersion));
-  for (QLineEdit* field : {ValCodeFour, ValLogiciel, ValVersion}) field->setCursorPosition(0);
+  for (QLineEdit* field : {ValCodeFour, ValLogiciel, ValVersion})
+    field->setCursorPosition(0);
   shown_ = entryOfScreen();
   refresh();
 }
@@ -235,7 +261,9 @@ AutoIdentEntry UceAutoIdents::entryOfScreen() const {
           u8(ValLogiciel->text()), u8(ValVersion->text())};
 }
 
-bool UceAutoIdents::entryPending() const { return target() && entryOfScreen() != shown_; }
+bool UceAutoIdents::entryPending() const {
+  return target() && entryOfScreen() != shown_;
+}
 
 void UceAutoIdents::refresh() {
   buttonAddNewAi->setEnabled(isAutoIdentCommandEnabled("buttonAddNewAi", state()));
@@ -329,10 +357,11 @@ void UceAutoIdents::copyText() {
   bool broken = false;
   desktop::setClipboardText(copyAutoIdentsText(selected(), broken));
   showSearchResult(
-      broken ? language::global().getMultilangMessageDefault(
-                   "A copied cell holds a line break or a tab: pasted back, it will not be the same.",
-                   "AUTOIDENT/MSG/copyText/brokenCell/text")
-             : std::string(),
+      broken
+          ? language::global().getMultilangMessageDefault(
+                "A copied cell holds a line break or a tab: pasted back, it will not be the same.",
+                "AUTOIDENT/MSG/copyText/brokenCell/text")
+          : std::string(),
       {});
 }
 
@@ -352,12 +381,18 @@ void UceAutoIdents::check() {
 }
 
 void UceAutoIdents::chosen(const MenuEntry& entry) {
-  if (entry.key == "PopupAiCut") cut();
-  else if (entry.key == "PopupAiCopy") copy();
-  else if (entry.key == "PopupAiCopyText") copyText();
-  else if (entry.key == "PopupAiPaste") paste();
-  else if (entry.key == "PopupAiHelp") emit help("parameters", "autoident");
-  else if (entry.key == "PopupHelpGoto") emit help("identification", "");
+  if (entry.key == "PopupAiCut")
+    cut();
+  else if (entry.key == "PopupAiCopy")
+    copy();
+  else if (entry.key == "PopupAiCopyText")
+    copyText();
+  else if (entry.key == "PopupAiPaste")
+    paste();
+  else if (entry.key == "PopupAiHelp")
+    emit help("parameters", "autoident");
+  else if (entry.key == "PopupHelpGoto")
+    emit help("identification", "");
 }
 
 } // namespace kelmar

@@ -96,8 +96,8 @@ class UceAutoIdents : public QWidget {
 
   platform::Person& person_;
   OmnikorLibXml* database_ = nullptr;
-  std::shared_ptr<AutoIdentItems> items_; ///< the copy
-  AutoIdentEntry shown_; ///< what was put into the entry fields
+  std::shared_ptr<AutoIdentItems> items_;    ///< the copy
+  AutoIdentEntry shown_;                     ///< what was put into the entry fields
   const AutoIdentItem* shownItem_ = nullptr; ///< from which row; null: from none
   std::int32_t protocol_ = 0;
   QToolBar* TBident = nullptr;

@@ -35,11 +35,14 @@ namespace {
 // Kinds of change.
 constexpr EditState::Kinds fieldsChanged = 1, identsChanged = 2;
 
-void select(QComboBox& list, const std::string& text) { list.setCurrentIndex(list.findText(qs(text))); }
+void select(QComboBox& list, const std::string& text) {
+  list.setCurrentIndex(list.findText(qs(text)));
+}
 
 /// A text that only a file can bring is an entry for as long as that ECU is shown.
 void select(QComboBox& list, const std::vector<std::string>& entries, const std::string& text) {
-  while (list.count() > static_cast<int>(entries.size())) list.removeItem(list.count() - 1);
+  while (list.count() > static_cast<int>(entries.size()))
+    list.removeItem(list.count() - 1);
   if (list.findText(qs(text)) < 0) list.addItem(qs(text));
   select(list, text);
 }
@@ -65,7 +68,8 @@ UceEditParam::UceEditParam(platform::Person& person, QWidget* parent)
 
 UceEditParam::~UceEditParam() {
   // A field that loses the focus as the page goes would still tell what was typed.
-  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+  for (QObject* child : findChildren<QObject*>())
+    child->disconnect(this);
 }
 
 void UceEditParam::InitControl() {
@@ -162,23 +166,31 @@ bool UceEditParam::eventFilter(QObject* watched, QEvent* event) {
 
 void UceEditParam::Parts::makeCommands() {
   const auto open = [this] { return target() != nullptr; };
-  commands = new CommandTable(
-      parameterPane,
-      {{.key = "save", .toolTip = "Save change (Ctrl S)", .icon = "save", .run = [this] { save(); },
-        .enabled = open, .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}},
-       {.key = "cancel", .toolTip = "Cancel change (Ctrl Z)", .icon = "cancel",
-        .run = [this] { cancel(); }, .enabled = open,
-        .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}}});
+  commands = new CommandTable(parameterPane, {{.key = "save",
+                                               .toolTip = "Save change (Ctrl S)",
+                                               .icon = "save",
+                                               .run = [this] { save(); },
+                                               .enabled = open,
+                                               .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}},
+                                              {.key = "cancel",
+                                               .toolTip = "Cancel change (Ctrl Z)",
+                                               .icon = "cancel",
+                                               .run = [this] { cancel(); },
+                                               .enabled = open,
+                                               .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_Z)}}});
   commands->fillToolBar(*TBparam, {"save", "cancel", ""});
-  auto* pageCommands = new CommandTable(
-      &page, {{.key = "help", .toolTip = "Help (F1)", .icon = "help",
-               .run =
-                   [this] {
-                     const QWidget* focus = QApplication::focusWidget();
-                     const bool idents = focus && UceAutoIdents1->isAncestorOf(focus);
-                     emit page.help("parameters", idents ? "autoident" : "");
-                   },
-               .shortcuts = {QKeySequence(Qt::Key_F1)}}});
+  auto* pageCommands =
+      new CommandTable(&page, {{.key = "help",
+                                .toolTip = "Help (F1)",
+                                .icon = "help",
+                                .run =
+                                    [this] {
+                                      const QWidget* focus = QApplication::focusWidget();
+                                      const bool idents =
+                                          focus && UceAutoIdents1->isAncestorOf(focus);
+                                      emit page.help("parameters", idents ? "autoident" : "");
+                                    },
+                                .shortcuts = {QKeySequence(Qt::Key_F1)}}});
   pageCommands->fillToolBar(*TBparam, {"help"});
 }
 
@@ -199,7 +211,8 @@ void UceEditParam::Parts::connectControls() {
     refreshLayout();
     edited();
   });
-  for (QCheckBox* check : {CheckCGW, CheckCGWIP}) connect(check, &QCheckBox::toggled, &page, change);
+  for (QCheckBox* check : {CheckCGW, CheckCGWIP})
+    connect(check, &QCheckBox::toggled, &page, change);
   connect(CheckOfficia, &QCheckBox::toggled, &page, [this](bool checked) {
     DateOfficia->setEnabled(checked);
     edited();

@@ -19,8 +19,8 @@ struct IdentificationRequest {
   std::int32_t diagVersion = 0;
   std::string supplier = {}, soft = {}, version = {};
   // The answer to a search.
-  std::int32_t code = 0;               ///< match code
-  std::string href = {}, text = {};    ///< address, empty without a match; what to tell a person
+  std::int32_t code = 0;            ///< match code
+  std::string href = {}, text = {}; ///< address, empty without a match; what to tell a person
 };
 
 /// The page of the general values of the ECU: how it is reached, with a panel for the protocol that

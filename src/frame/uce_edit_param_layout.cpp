@@ -25,7 +25,8 @@ using desktop::qs;
 
 namespace {
 
-template <class Box> Box* box(const char* name, const char* text, QWidget* parent) {
+template <class Box>
+Box* box(const char* name, const char* text, QWidget* parent) {
   auto* made = named<Box>(name, parent);
   made->setText(QLatin1String(text));
   return made;
@@ -39,7 +40,8 @@ QGroupBox* frame(const char* name, const char* text, QWidget* parent) {
 
 QComboBox* list(const char* name, const std::vector<std::string>& entries, QWidget* parent) {
   auto* made = named<QComboBox>(name, parent);
-  for (const std::string& entry : entries) made->addItem(qs(entry));
+  for (const std::string& entry : entries)
+    made->addItem(qs(entry));
   return made;
 }
 
@@ -167,7 +169,8 @@ QWidget* UceEditParam::Parts::makeCommunication(QWidget* parent) {
   makeIp(communication);
   makeTiming(communication);
   makeKeyWords(communication);
-  for (QGroupBox* panel : {FrCan, FrCanBaud, FrIP, Timing, Frame1}) rows->addWidget(panel);
+  for (QGroupBox* panel : {FrCan, FrCanBaud, FrIP, Timing, Frame1})
+    rows->addWidget(panel);
   return communication;
 }
 
@@ -280,17 +283,20 @@ void UceEditParam::Parts::makeKeyWords(QWidget* parent) {
 /// The tabulator goes through the controls as they are read, in the two columns too.
 void UceEditParam::Parts::orderFields() {
   std::vector<QWidget*> order;
-  for (QAction* action : TBparam->actions()) order.push_back(TBparam->widgetForAction(action));
-  order.insert(order.end(), {txtEmail, CheckOfficia, DateOfficia, Comment, TextReprog,
-                             ComboTypePanne, bigEndian, littleEndian, ComboTypeCom,
-                             &canXid->number(), &canXid->extended(), &canRid->number(),
-                             &canRid->extended(), CheckCGW, ComboMaxDataLangthCANFD, ComboBaudRate,
-                             txIPAddress, txMACAddress, CheckCGWIP});
-  for (const Number& number : numbers) order.insert(order.end(), {number.box, number.field});
+  for (QAction* action : TBparam->actions())
+    order.push_back(TBparam->widgetForAction(action));
+  order.insert(order.end(),
+               {txtEmail, CheckOfficia, DateOfficia, Comment, TextReprog, ComboTypePanne, bigEndian,
+                littleEndian, ComboTypeCom, &canXid->number(), &canXid->extended(),
+                &canRid->number(), &canRid->extended(), CheckCGW, ComboMaxDataLangthCANFD,
+                ComboBaudRate, txIPAddress, txMACAddress, CheckCGWIP});
+  for (const Number& number : numbers)
+    order.insert(order.end(), {number.box, number.field});
   order.insert(order.end(), {KW1, KW2, TextFakra});
   const std::vector<QWidget*> idents = UceAutoIdents1->tabOrder();
   order.insert(order.end(), idents.begin(), idents.end());
-  for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+  for (std::size_t i = 1; i < order.size(); ++i)
+    QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
 /// What stands beside a field is its name for readers of the screen, in the language of the moment.
@@ -298,7 +304,8 @@ void UceEditParam::Parts::nameFields() {
   for (const QLabel* label : parameterPane->findChildren<QLabel*>())
     if (label->buddy() && label->buddy() != bigEndian && !qobject_cast<QCheckBox*>(label->buddy()))
       label->buddy()->setAccessibleName(label->text());
-  for (const Number& number : numbers) number.field->setAccessibleName(number.box->text());
+  for (const Number& number : numbers)
+    number.field->setAccessibleName(number.box->text());
   DateOfficia->setAccessibleName(CheckOfficia->text());
 }
 

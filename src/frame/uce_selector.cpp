@@ -47,11 +47,14 @@ UceSelector::UceSelector(Machine machine, QWidget* parent)
 
 UceSelector::~UceSelector() {
   // A field that loses the focus as the page goes would still tell what was typed.
-  for (QObject* child : findChildren<QObject*>()) child->disconnect(this);
+  for (QObject* child : findChildren<QObject*>())
+    child->disconnect(this);
   if (parts_->database) parts_->database->ClearTarget();
 }
 
-const CMultiLangEx& UceSelector::Parts::texts() const { return language::global(); }
+const CMultiLangEx& UceSelector::Parts::texts() const {
+  return language::global();
+}
 
 void UceSelector::Parts::guarded(const std::function<void()>& action) {
   try {
@@ -61,17 +64,27 @@ void UceSelector::Parts::guarded(const std::function<void()>& action) {
   }
 }
 
-const std::shared_ptr<OmnikorLibXml>& UceSelector::database() const { return parts_->database; }
+const std::shared_ptr<OmnikorLibXml>& UceSelector::database() const {
+  return parts_->database;
+}
 
 void UceSelector::setDatabase(std::shared_ptr<OmnikorLibXml> database) {
   parts_->database = std::move(database);
   parts_->useSite();
 }
 
-const std::string& UceSelector::fileName() const { return parts_->fileName; }
-const std::string& UceSelector::url() const { return parts_->url; }
-std::string UceSelector::selectionLabel() const { return parts_->ecuSelector1->selectionLabel(); }
-const std::string& UceSelector::lang() const { return parts_->lang; }
+const std::string& UceSelector::fileName() const {
+  return parts_->fileName;
+}
+const std::string& UceSelector::url() const {
+  return parts_->url;
+}
+std::string UceSelector::selectionLabel() const {
+  return parts_->ecuSelector1->selectionLabel();
+}
+const std::string& UceSelector::lang() const {
+  return parts_->lang;
+}
 
 void UceSelector::setLang(const std::string& lang) {
   parts_->lang = lang;

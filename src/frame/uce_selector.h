@@ -99,9 +99,8 @@ class UceSelector : public QWidget {
   int FindHrefTargetByIdentificationAndProtocol(std::int32_t function, std::int32_t protocol,
                                                 std::int32_t diagVersion,
                                                 const std::string& supplier,
-                                                const std::string& soft,
-                                                const std::string& version, std::string& href,
-                                                std::string& text);
+                                                const std::string& soft, const std::string& version,
+                                                std::string& href, std::string& text);
   /// Shows these values in the search panel. The protocol stays as the person chose it.
   void updateDetect(const std::string& function, const std::string& protocol,
                     const std::string& diagVersion, const std::string& supplier,
@@ -120,8 +119,8 @@ class UceSelector : public QWidget {
   void OnCancel();
   void OnNewECU();
   void UceSelected(bool loaded);
-  /// Another ECU is about to be opened. Whoever hears it may save first, and sets `mayGoOn` to false
-  /// when the open one has to stay.
+  /// Another ECU is about to be opened. Whoever hears it may save first, and sets `mayGoOn` to
+  /// false when the open one has to stay.
   void CheckIfSaveNeeded(bool& mayGoOn);
   void DatabaseChanged(const QString& oldText, const QString& newText);
 

@@ -94,8 +94,7 @@ void UceSelector::ReadCanId(const std::string& file, std::int32_t address, std::
   found = false;
   AddressingFile addressing;
   if (!addressing.load(file, parts_->machine.fetch)) {
-    parts_->machine.person.message(
-        unreadableCanIdBox(parts_->texts(), file, addressing.reason()));
+    parts_->machine.person.message(unreadableCanIdBox(parts_->texts(), file, addressing.reason()));
     return;
   }
   if (const auto ids = addressing.canIdsOf(address)) {
@@ -140,14 +139,13 @@ void UceSelector::Parts::changeFunction() {
   }
   const std::optional<AddressingFile::CanIds> ids = addressing.canIdsOf(function.address);
   if (!ids) {
-    machine.person.message(
-        {"SELECTOR/MSG/ChangeFunction/text",
-         texts().getMultilangMessageDefault("Change Function not possible",
-                                            "SELECTOR/MSG/ChangeFunction/title"),
-         texts().getMultilangMessageDefault(
-             "CanXid and CanRid not defined in GenericAddressing.xml file",
-             "SELECTOR/MSG/ChangeFunction/text"),
-         platform::Buttons::Ok, platform::Icon::Exclamation});
+    machine.person.message({"SELECTOR/MSG/ChangeFunction/text",
+                            texts().getMultilangMessageDefault("Change Function not possible",
+                                                               "SELECTOR/MSG/ChangeFunction/title"),
+                            texts().getMultilangMessageDefault(
+                                "CanXid and CanRid not defined in GenericAddressing.xml file",
+                                "SELECTOR/MSG/ChangeFunction/text"),
+                            platform::Buttons::Ok, platform::Icon::Exclamation});
     return cancelChangeFunction();
   }
   function.canXid = ids->canXid;

@@ -34,31 +34,51 @@ void UceSelector::Parts::makeCommands() {
   const auto withEdits = [this] { return controlsFor(state).cancel; };
   std::vector<Command> table(5);
 
-  table[0] = {.key = "Open", .toolTip = "Open an ECU file", .icon = "open",
+  table[0] = {.key = "Open",
+              .toolTip = "Open an ECU file",
+              .icon = "open",
               .run = [this] { guarded([this] { openAsked(); }); },
-              .enabled = usable, .shortcuts = {QKeySequence::Open}, .caption = "Open",
+              .enabled = usable,
+              .shortcuts = {QKeySequence::Open},
+              .caption = "Open",
               .dropDown = {{"Open", "Open..."}},
-              .chosen = [this](const MenuEntry& entry) {
-                if (entry.key == "Open")
-                  guarded([this] { openAsked(); });
-                else
-                  guarded([this, file = entry.text] { openRecent(file); });
-              }};
-  table[1] = {.key = "Save", .toolTip = "Save the ECU file", .icon = "save",
+              .chosen =
+                  [this](const MenuEntry& entry) {
+                    if (entry.key == "Open")
+                      guarded([this] { openAsked(); });
+                    else
+                      guarded([this, file = entry.text] { openRecent(file); });
+                  }};
+  table[1] = {.key = "Save",
+              .toolTip = "Save the ECU file",
+              .icon = "save",
               .run = [this] { guarded([this] { saveEcu(false); }); },
-              .enabled = withEcu, .shortcuts = {QKeySequence::Save}, .caption = "Save",
+              .enabled = withEcu,
+              .shortcuts = {QKeySequence::Save},
+              .caption = "Save",
               .dropDown = {{"save", "Save"}, {"saveas", "Save as..."}},
-              .chosen = [this](const MenuEntry& entry) {
-                guarded([this, saveAs = entry.key == "saveas"] { saveEcu(saveAs); });
-              }};
-  table[2] = {.key = "cancel", .toolTip = "Drop the changes of the summary", .icon = "cancel",
+              .chosen =
+                  [this](const MenuEntry& entry) {
+                    guarded([this, saveAs = entry.key == "saveas"] { saveEcu(saveAs); });
+                  }};
+  table[2] = {.key = "cancel",
+              .toolTip = "Drop the changes of the summary",
+              .icon = "cancel",
               .run = [this] { guarded([this] { cancelEdits(); }); },
-              .enabled = withEdits, .shortcuts = {}, .caption = "Cancel"};
-  table[3] = {.key = "new", .toolTip = "Create a new ECU", .icon = "new",
+              .enabled = withEdits,
+              .shortcuts = {},
+              .caption = "Cancel"};
+  table[3] = {.key = "new",
+              .toolTip = "Create a new ECU",
+              .icon = "new",
               .run = [this] { guarded([this] { newEcu(); }); },
-              .enabled = usable, .shortcuts = {QKeySequence::New}, .caption = "New"};
+              .enabled = usable,
+              .shortcuts = {QKeySequence::New},
+              .caption = "New"};
   // Has no button: it is the shortcut of the entry below `Save`.
-  table[4] = {.key = "saveasShortcut", .toolTip = "Save under a new name", .icon = "saveas",
+  table[4] = {.key = "saveasShortcut",
+              .toolTip = "Save under a new name",
+              .icon = "saveas",
               .run = [this] { guarded([this] { saveEcu(true); }); },
               .enabled = withEcu,
               .shortcuts = {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)}};

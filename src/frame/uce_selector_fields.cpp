@@ -47,10 +47,9 @@ QSize ShortenedLabel::minimumSizeHint() const {
 
 void ShortenedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(),
-                        isEnabled(),
-                        fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width()),
-                        foregroundRole());
+  style()->drawItemText(
+      &painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
+      fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width()), foregroundRole());
 }
 
 bool ShortenedLabel::event(QEvent* event) {

@@ -186,8 +186,8 @@ void UceSelector::Parts::tellOpenError(const std::string& file, const Failure& f
 }
 
 void UceSelector::Parts::showSelection() {
-  TxEcuDesc->setPlainText(qs(selectionText(texts(), ecuSelector1->currentAddress(),
-                                           ecuSelector1->description())));
+  TxEcuDesc->setPlainText(
+      qs(selectionText(texts(), ecuSelector1->currentAddress(), ecuSelector1->description())));
   txdFunc->setText(QString::number(ecuSelector1->functionAddress()));
 }
 

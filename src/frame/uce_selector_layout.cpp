@@ -238,11 +238,29 @@ void UceSelector::Parts::layOut() {
   layout->addWidget(splitter, 1);
 
   // As the eye goes: the tree, the summary, what stands below it.
-  QWidget* const order[] = {ecuSelector1, TxEcuDesc, TxEcuName, txGenericName, LabelFunction,
-                            TextFunction, TextProtocole, cbFunctionsName, cmdChangeFunctionOK,
-                            cmdChangeFunctionCancel, TextAdresse, TextLogicalAdresse, cmdLinkNewPDM,
-                            cmdLoadReport, lstProjects, comboProto, txdFunc, txdDiag, txdSup,
-                            txdSoft, txdVers, cbDetect, txdHref};
+  QWidget* const order[] = {ecuSelector1,
+                            TxEcuDesc,
+                            TxEcuName,
+                            txGenericName,
+                            LabelFunction,
+                            TextFunction,
+                            TextProtocole,
+                            cbFunctionsName,
+                            cmdChangeFunctionOK,
+                            cmdChangeFunctionCancel,
+                            TextAdresse,
+                            TextLogicalAdresse,
+                            cmdLinkNewPDM,
+                            cmdLoadReport,
+                            lstProjects,
+                            comboProto,
+                            txdFunc,
+                            txdDiag,
+                            txdSup,
+                            txdSoft,
+                            txdVers,
+                            cbDetect,
+                            txdHref};
   for (std::size_t i = 1; i < std::size(order); ++i)
     QWidget::setTabOrder(order[i - 1], order[i]);
   page.setFocusProxy(ecuSelector1);
@@ -264,19 +282,18 @@ void UceSelector::Parts::translate() {
   commands->action("Save").setText(text("Save", "SELECTOR/MSG/TBtoolbar/save"));
   commands->action("cancel").setText(text("Cancel", "SELECTOR/MSG/TBtoolbar/cancel"));
   commands->action("new").setText(text("New", "SELECTOR/MSG/TBtoolbar/new"));
-  TxEcuDesc->setAccessibleName(
-      text("Description of the selection", "SELECTOR/MSG/TxEcuDesc/name"));
+  TxEcuDesc->setAccessibleName(text("Description of the selection", "SELECTOR/MSG/TxEcuDesc/name"));
   TxEcuDesc->setPlaceholderText(text("Select an ECU in the tree to read about it here.",
                                      "SELECTOR/MSG/TxEcuDesc/placeholder"));
   for (int index = 0; index < comboProto->count(); ++index)
     comboProto->setItemText(
-        index, qs(protocolText(protocolChoices[static_cast<std::size_t>(index)].protocol, texts())));
+        index,
+        qs(protocolText(protocolChoices[static_cast<std::size_t>(index)].protocol, texts())));
 
   desktop::TranslateControl(page, texts(), "SELECTOR/CONTROLS");
   allProjects = texts().getMultilangMessageDefault("All projects", "SELECTOR/MSG/allProjects/text");
-  lbAppVersion->setText(
-      qs(texts().getMultilangMessageDefault("Version : {0}", "SELECTOR/MSG/lbAppVersion/text",
-                                            OmnikorLibXml::Version())));
+  lbAppVersion->setText(qs(texts().getMultilangMessageDefault(
+      "Version : {0}", "SELECTOR/MSG/lbAppVersion/text", OmnikorLibXml::Version())));
   lstProjects->setAccessibleName(framProjects->title());
   nameByLabels(page);
   cbFunctionsName->setAccessibleName(LabelFunction->text());

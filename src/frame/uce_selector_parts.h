@@ -51,8 +51,8 @@ struct UceSelector::Parts {
   bool backupTaken = false; ///< or tried
   bool initialised = false; ///< InitParameters has run
   SelectorState state;
-  EditState edits;          ///< of the two names
-  SelectorEdits changes;    ///< what a cancel takes back
+  EditState edits;       ///< of the two names
+  SelectorEdits changes; ///< what a cancel takes back
   ProjectList projects;
   bool projectsUpdating = false;
 

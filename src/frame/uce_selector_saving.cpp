@@ -52,8 +52,7 @@ bool UceSelector::saveFile(bool saveAs) {
   // Whoever asks for the save, also another page: what is typed here belongs to the ECU.
   parts.takeOverNames();
   if (parts.fileName.empty() || saveAs) {
-    const std::optional<std::string> file =
-        saving.askForFile(parts.fileName, *parts.target());
+    const std::optional<std::string> file = saving.askForFile(parts.fileName, *parts.target());
     if (!file) return false;
     parts.fileName = *file;
     parts.lbFileName->setText(qs(fileLabel(parts.texts(), *file)));

@@ -73,8 +73,7 @@ void UceSelector::Parts::fillProjectMarks() {
 
 void UceSelector::Parts::projectMarked(int row) {
   if (projectsUpdating || !target()) return;
-  projects.mark(static_cast<std::size_t>(row),
-                lstProjects->item(row)->checkState() == Qt::Checked);
+  projects.mark(static_cast<std::size_t>(row), lstProjects->item(row)->checkState() == Qt::Checked);
   fillProjectMarks();
   changes.setProjects(*database, projects);
   emit page.OnChange();

@@ -42,9 +42,8 @@ UctlNewEcuAddr::UctlNewEcuAddr(platform::Person& person, platform::Fetch* fetch,
 
   connect(cbFct_, &QComboBox::currentIndexChanged, this, &UctlNewEcuAddr::chooseFunction);
   connect(cbFct_, &QComboBox::editTextChanged, this, &UctlNewEcuAddr::functionTyped);
-  connect(CbExtended_, &QCheckBox::clicked, this, [this] {
-    show(addressingFieldsOf(function_, CbExtended_->isChecked()));
-  });
+  connect(CbExtended_, &QCheckBox::clicked, this,
+          [this] { show(addressingFieldsOf(function_, CbExtended_->isChecked())); });
   connect(cbCreate_, &QPushButton::clicked, this, &UctlNewEcuAddr::createClicked);
   connect(txAddr_, &QLineEdit::returnPressed, this, &UctlNewEcuAddr::createClicked);
   connect(cbCancel_, &QPushButton::clicked, this, &UctlNewEcuAddr::cancel);

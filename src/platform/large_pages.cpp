@@ -16,13 +16,16 @@ namespace kelmar::platform {
 namespace {
 
 constexpr std::size_t mostInLargePages = std::size_t(256) << 20;
-constexpr int usualPadding = 128 * 1024; // by which the heap grows, and what it keeps when it shrinks
+constexpr int usualPadding =
+    128 * 1024; // by which the heap grows, and what it keeps when it shrinks
 
 std::uintptr_t rounded(std::uintptr_t address) {
   return (address + largePage - 1) / largePage * largePage;
 }
 
-std::uintptr_t endOfHeap() { return reinterpret_cast<std::uintptr_t>(::sbrk(0)); }
+std::uintptr_t endOfHeap() {
+  return reinterpret_cast<std::uintptr_t>(::sbrk(0));
+}
 
 } // namespace
 

@@ -136,9 +136,7 @@ class TemporaryFile {
  private:
   // The disk begins with what is there while the rest is being written. Where that cannot be asked
   // for, the flush at the end takes longer.
-  void startFlush() const {
-    ::sync_file_range(file_.descriptor(), 0, 0, SYNC_FILE_RANGE_WRITE);
-  }
+  void startFlush() const { ::sync_file_range(file_.descriptor(), 0, 0, SYNC_FILE_RANGE_WRITE); }
 
   std::string path_;
   FileHandle file_;

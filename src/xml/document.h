@@ -72,9 +72,9 @@ class Document {
   Document(Document&&) noexcept;
   Document& operator=(Document&&) noexcept;
 
-  /// Looks at the tree while the rest of the load goes on. It may run before a large file is judged to
-  /// its end, and again when the file has to be read anew: what it makes counts only when the load
-  /// gives true, and from its last run.
+  /// Looks at the tree while the rest of the load goes on. It may run before a large file is judged
+  /// to its end, and again when the file has to be read anew: what it makes counts only when the
+  /// load gives true, and from its last run.
   using Reader = std::function<void()>;
 
   /// A local path, a "file:" address, or an "http:" address when there is a `fetch`. What `reader`

@@ -14,8 +14,8 @@ struct MarkupScan {
   /// element that holds nothing else keeps its own). Errs towards true; a text that is not well
   /// formed may give either.
   bool whiteSpaceMatters = false;
-  /// How deep elements are nested, for as much as is well formed; without a value when the look ended
-  /// before the text did.
+  /// How deep elements are nested, for as much as is well formed; without a value when the look
+  /// ended before the text did.
   std::optional<std::size_t> depth;
 };
 

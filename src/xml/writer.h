@@ -14,7 +14,8 @@ namespace kelmar::xml {
 /// The name of an element, an attribute or an instruction, with at most one colon: "zem:Target".
 class Name {
  public:
-  /// A name that stands in the code, in plain letters; one that XML does not allow does not compile.
+  /// A name that stands in the code, in plain letters; one that XML does not allow does not
+  /// compile.
   template <std::size_t size>
   consteval Name(const char (&text)[size]) : text_(text, size - 1), isOfTheCode_(true) {
     if (!isPlain(text_)) throw "this is no XML name";

@@ -25,9 +25,10 @@ const std::string keyLines = "Key\t\t1\t0\t\t1\t0\t1\t\tList\t\r\n'\tvalue\tlabe
 const std::string updateSpeed = "kelmar-cli: box: Confirm update: Data 'Speed' already exist\\n\\n"
                                 "Yes = Update this data only\\nNo = Update all data without "
                                 "confirmation\n";
-const std::string updateKey = "kelmar-cli: box: Confirm update: Data 'Key' already exist\\n\\nYes = "
-                              "Update this data only\\nNo = Update all data without "
-                              "confirmation\n";
+const std::string updateKey =
+    "kelmar-cli: box: Confirm update: Data 'Key' already exist\\n\\nYes = "
+    "Update this data only\\nNo = Update all data without "
+    "confirmation\n";
 const std::string updateRead = "kelmar-cli: box: Confirm update: Request 'Read' already exists. Do "
                                "you want to update parameters ?\n";
 
@@ -60,7 +61,8 @@ class CliClipboard : public testing::Test {
   std::string requestNames() {
     std::string names;
     const Json root = model();
-    for (const Json& item : root["Requests"].items) names += item["requestName"].text + "|";
+    for (const Json& item : root["Requests"].items)
+      names += item["requestName"].text + "|";
     return names;
   }
 
@@ -211,14 +213,14 @@ TEST_F(CliClipboard, BoxesOfRequests_TakeCancelAsNo) {
 
 TEST_F(CliClipboard, LogOfAPaste_GoesToStandardOutput) {
   const std::string name(71, 'n');
-  EXPECT_EQ(paste("data", "List\t\t4\t0\t\t\t\t\t\tList\r\n\t1\tA\r\n\t1\tB\r\n" + name + "\tM\t8\r\n"),
-            (CliResult{0,
-                       "'\r\n'Error\t\t1\tB\tDuplicate value (already exist with label : A)\r\n'" +
-                           name +
-                           "\tM\t8\tError: Data name too long, up to 70 characters.\r\n",
-                       "kelmar-cli: box: Warning: Error when importing data, paste the clipboard "
-                       "to Excel\\nData name '" +
-                           name + "' too long, up to 70 characters.\\n\n"}));
+  EXPECT_EQ(
+      paste("data", "List\t\t4\t0\t\t\t\t\t\tList\r\n\t1\tA\r\n\t1\tB\r\n" + name + "\tM\t8\r\n"),
+      (CliResult{0,
+                 "'\r\n'Error\t\t1\tB\tDuplicate value (already exist with label : A)\r\n'" + name +
+                     "\tM\t8\tError: Data name too long, up to 70 characters.\r\n",
+                 "kelmar-cli: box: Warning: Error when importing data, paste the clipboard "
+                 "to Excel\\nData name '" +
+                     name + "' too long, up to 70 characters.\\n\n"}));
 }
 
 TEST_F(CliClipboard, ForeignDocument_IsRefusedAsOnThePage) {
@@ -236,7 +238,9 @@ TEST_F(CliClipboard, Input_IsTextInAnyOfItsEncodings) {
                           "Été\tM\t3"),
             (CliResult{0, "", ""}));
   EXPECT_EQ(data("Été")["NumberBits"].text, "3");
-  EXPECT_EQ(paste("data", std::string("\xFF\xFEO\0\xF9\0\t\0M\0\t\0" "4\0", 14)),
+  EXPECT_EQ(paste("data", std::string("\xFF\xFEO\0\xF9\0\t\0M\0\t\0"
+                                      "4\0",
+                                      14)),
             (CliResult{0, "", ""}));
   EXPECT_EQ(data("Où")["NumberBits"].text, "4");
   EXPECT_EQ(paste("data", "<?xml version='1.0' encoding='ISO-8859-1'?>"

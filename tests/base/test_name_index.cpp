@@ -31,7 +31,8 @@ TEST(NameIndex, RandomUseAgreesWithAMap) {
   SCOPED_TRACE(seed);
   std::mt19937 random(seed);
   std::vector<std::string> names;
-  for (int i = 0; i < 3000; ++i) names.push_back("name " + std::to_string(i));
+  for (int i = 0; i < 3000; ++i)
+    names.push_back("name " + std::to_string(i));
   NameIndex<int> index;
   std::map<std::string, int> expected;
   for (int step = 0; step < 60000; ++step) {

@@ -51,7 +51,8 @@ TEST(TypedName, LosesStrayBlanksAndSemicolons) {
 std::vector<TabLine> tabLines(std::string_view text) {
   std::vector<TabLine> lines;
   TabReader reader(text);
-  for (TabLine line; reader.next(line);) lines.push_back(line);
+  for (TabLine line; reader.next(line);)
+    lines.push_back(line);
   return lines;
 }
 

@@ -28,7 +28,8 @@ TEST(ReferenceIndex, AnswersAsTheModelDoes) {
 TEST(TabReader, EndsOfLinesMayBeMixedAndTheLastOneMayBeMissing) {
   TabReader reader("a\tb\r\nc\rd\n\ne");
   std::vector<std::string> lines;
-  for (TabLine line; reader.next(line);) lines.push_back(line.whole);
+  for (TabLine line; reader.next(line);)
+    lines.push_back(line.whole);
   EXPECT_EQ(lines, (std::vector<std::string>{"a\tb", "c", "d", "", "e"}));
   TabLine line;
   EXPECT_FALSE(TabReader("").next(line));

@@ -12,7 +12,6 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
-
 using namespace kelmar;
 using namespace kelmar::support;
 

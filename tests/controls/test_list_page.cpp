@@ -72,8 +72,12 @@ class ThingPage : public ListPage {
     }());
     bindPageKeys();
     connect(field, &QLineEdit::textChanged, this, [this] { SetChanged(Edited); });
-    useMenu("popup", [this] { return std::vector<MenuEntry>{{"goto", activeName()}}; },
-            [this](const MenuEntry& entry) { recorder_.note("chosen " + entry.text); });
+    useMenu(
+        "popup",
+        [this] {
+          return std::vector<MenuEntry>{{"goto", activeName()}};
+        },
+        [this](const MenuEntry& entry) { recorder_.note("chosen " + entry.text); });
   }
   Thing& add(const std::string& name) {
     things.push_back(std::make_unique<Thing>(Thing{name, name + "!"}));
@@ -267,7 +271,8 @@ TEST_F(ListPageTest, ANewRowIsShownAndItsNameIsBeingTyped) {
 TEST_F(ListPageTest, TheMenuBelongsToTheRowUnderThePointer) {
   clickRow(*page->view, 2, 0, Qt::NoModifier, Qt::RightButton);
   const QPoint where = page->view->visualRect(page->view->model()->index(2, 0)).center();
-  QContextMenuEvent ask(QContextMenuEvent::Mouse, where, page->view->viewport()->mapToGlobal(where));
+  QContextMenuEvent ask(QContextMenuEvent::Mouse, where,
+                        page->view->viewport()->mapToGlobal(where));
   QApplication::sendEvent(page->view->viewport(), &ask);
   auto* menu = page->view->findChild<QMenu*>("popup");
   ASSERT_TRUE(menu);
@@ -278,9 +283,10 @@ TEST_F(ListPageTest, TheMenuBelongsToTheRowUnderThePointer) {
 
 TEST_F(ListPageTest, TextThatMayNotBeDroppedIsRefused) {
   std::vector<std::string> dropped;
-  new TextDrag(*page->view, [] { return std::string(); },
-               [](std::string_view text) { return looksLikeFragment(text, "Things"); },
-               [&](const std::string& text) { dropped.push_back(text); });
+  new TextDrag(
+      *page->view, [] { return std::string(); },
+      [](std::string_view text) { return looksLikeFragment(text, "Things"); },
+      [&](const std::string& text) { dropped.push_back(text); });
   const auto drop = [&](const QMimeData& data) {
     QWidget* target = page->view->viewport();
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);

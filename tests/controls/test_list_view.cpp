@@ -178,9 +178,9 @@ TEST_F(ListViewTest, ANameThatIsBeingTypedIsTakenBeforeACommandRuns) {
   fill({{"a", "1"}, {"b", "2"}});
   QWidget window;
   std::string seen;
-  auto* table = new CommandTable(
-      &window, {{.key = "save", .run = [&] { seen = names(); },
-                 .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}}});
+  auto* table = new CommandTable(&window, {{.key = "save",
+                                            .run = [&] { seen = names(); },
+                                            .shortcuts = {QKeySequence(Qt::CTRL | Qt::Key_S)}}});
   auto* bar = new QToolBar(&window);
   table->fillToolBar(*bar, {"save"});
   auto* layout = new QVBoxLayout(&window);

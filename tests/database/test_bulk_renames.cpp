@@ -105,16 +105,19 @@ TEST(AddDatasSorted, GivesWhatAddingOneByOneGives) {
       }
     };
     const std::string expected = failureOf([&] {
-      for (const DataItems::Pointer& item : items) slow.AddDataSorted(item);
+      for (const DataItems::Pointer& item : items)
+        slow.AddDataSorted(item);
     });
     EXPECT_EQ(failureOf([&] { fast.AddDatasSorted(items); }), expected);
     const auto namesOf = [](const DataItems& datas) {
       std::string all;
-      for (const DataItem* data : datas) all += data->dataName() + ",";
+      for (const DataItem* data : datas)
+        all += data->dataName() + ",";
       return all;
     };
     ASSERT_EQ(namesOf(fast), namesOf(slow));
-    for (const DataItem* data : fast) EXPECT_EQ(fast.ItemName(data->dataName()), data);
+    for (const DataItem* data : fast)
+      EXPECT_EQ(fast.ItemName(data->dataName()), data);
   }
 }
 

@@ -253,11 +253,11 @@ TEST(Growth, OfDeletingAllRequestsAndAllPositions) {
       std::vector<DataPositionItem*> positions;
       for (RequestItem* request : *ecu.target().Requests()) {
         requests.push_back(request);
-        for (DataPositionItem* position : *request->DataPositions) positions.push_back(position);
+        for (DataPositionItem* position : *request->DataPositions)
+          positions.push_back(position);
       }
       return secondsOf([&] {
-        whole ? ecu.target().DeleteRequests(requests)
-              : ecu.target().DeleteDataPositions(positions);
+        whole ? ecu.target().DeleteRequests(requests) : ecu.target().DeleteDataPositions(positions);
         EXPECT_TRUE(ecu.target().GetScreensUsingData("D0").empty());
       });
     });

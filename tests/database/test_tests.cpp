@@ -88,7 +88,8 @@ TEST(TestRead, WithoutTypeIsKeptWithNothingRead) {
 }
 
 TEST(TestRead, OfATypeThatDoesNotConvertReadsTheRest) {
-  WithTests ecu("<Device Name='V'><Test Type='x' OBD='5'><Description>d</Description></Test></Device>");
+  WithTests ecu(
+      "<Device Name='V'><Test Type='x' OBD='5'><Description>d</Description></Test></Device>");
   EXPECT_EQ(ecu.test().testType, 0);
   EXPECT_EQ(ecu.test().OBD(), 5);
   EXPECT_EQ(ecu.test().Description, "d");

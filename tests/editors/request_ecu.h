@@ -50,12 +50,14 @@ class RequestEcu : public Ecu {
   }
   std::vector<RequestItem*> requests(std::initializer_list<const char*> names) {
     std::vector<RequestItem*> found;
-    for (const char* name : names) found.push_back(&request(name));
+    for (const char* name : names)
+      found.push_back(&request(name));
     return found;
   }
   std::vector<RequestItem*> allRequests() {
     std::vector<RequestItem*> found;
-    for (RequestItem* member : *target().Requests()) found.push_back(member);
+    for (RequestItem* member : *target().Requests())
+      found.push_back(member);
     return found;
   }
   /// Joined by "|".
@@ -81,8 +83,7 @@ class RequestEcu : public Ecu {
     screen->parent = owner;
     return *owner->Screens->AddData(screen);
   }
-  DisplayItem& addDisplay(ScreenItem& screen, const std::string& request,
-                          const std::string& data) {
+  DisplayItem& addDisplay(ScreenItem& screen, const std::string& request, const std::string& data) {
     if (!screen.DisplayItems) screen.DisplayItems = std::make_shared<DisplayItems>();
     auto display = std::make_shared<DisplayItem>();
     display->parent = &screen;

@@ -72,8 +72,7 @@ class BadClipboard : public ::testing::Test {
     EXPECT_TRUE(ecu.person.allAsked());
   }
   static std::string withoutLists(std::string text) {
-    for (const auto& [from, to] :
-         {std::pair("<Datas", "</Datas>"), {"<Requests", "</Requests>"}}) {
+    for (const auto& [from, to] : {std::pair("<Datas", "</Datas>"), {"<Requests", "</Requests>"}}) {
       const std::size_t begin = text.find(from);
       text.erase(begin, text.find(to) - begin);
     }
@@ -116,7 +115,8 @@ TEST_F(BadClipboard, CutXml_IsLinesToThePositions) {
   expectCreation("<Positions>", Answer::No);
   expectWarning("REQUESTS/MSG/warning/text",
                 "Data '<Positions>' doesn't exist. You must create the data before using it.\r\n"
-                "Data name '" + tooLong + "' is too long (up to 70 characters). Data not added.\r\n");
+                "Data name '" +
+                    tooLong + "' is too long (up to 70 characters). Data not added.\r\n");
   EXPECT_FALSE(pastePositions("<Positions>\n\n" + tooLong));
   expectUnchanged();
 }
@@ -157,7 +157,8 @@ TEST_F(BadClipboard, FiftyMegabytesOfTabs_ChangeNothing) {
 
 TEST_F(BadClipboard, MillionsOfLinesWithoutCells_ChangeNothing) {
   std::string lines;
-  for (int i = 0; i < 1'000'000; ++i) lines += "\t\t\t\t\n";
+  for (int i = 0; i < 1'000'000; ++i)
+    lines += "\t\t\t\t\n";
   EXPECT_FALSE(pasteData(lines));
   EXPECT_FALSE(pasteValues(lines));
   EXPECT_FALSE(pasteRequest(lines));
@@ -187,8 +188,8 @@ TEST_F(BadClipboard, CellsOfTenThousandCharacters_AreCutRefusedOrTaken) {
   const DataPaste pasted = pasteDatas(longCell + "\tm\t8\nA\t" + longCell + "\t8\t" + longCell +
                                           "\t" + longCell + "\t\t\t\t" + longCell,
                                       ecu.db, ecu.target(), ecu.person);
-  EXPECT_EQ(pasted.clipboard, "'" + longCell +
-                                  "\tm\t8\tError: Data name too long, up to 70 characters.\r\n");
+  EXPECT_EQ(pasted.clipboard,
+            "'" + longCell + "\tm\t8\tError: Data name too long, up to 70 characters.\r\n");
   EXPECT_EQ(datas(), "D A L");
   const DataItem& data = *ecu.target().datas()->ItemName("A");
   EXPECT_EQ(data.Mnemo.size(), 50u);
@@ -201,7 +202,8 @@ TEST_F(BadClipboard, CellsOfTenThousandCharacters_AreCutRefusedOrTaken) {
   expectWarning("REQUESTS/MSG/warning/text",
                 "Request name '" + longCell + "' is too long. Up to 70 characters.\r\n");
   std::string line = "S";
-  for (int cell = 1; cell < 13; ++cell) line += "\t" + longCell;
+  for (int cell = 1; cell < 13; ++cell)
+    line += "\t" + longCell;
   EXPECT_TRUE(pasteRequest(longCell + "\t1\n" + line + "\t" + longCell));
   EXPECT_EQ(ecu.requestNames(), "R|S");
   EXPECT_EQ(ecu.request("S").RequestBytes->HexText(), "2180");
@@ -252,7 +254,8 @@ TEST_F(BadClipboard, BadNumbers_FallBack) {
   EXPECT_EQ(ecu.target().datas()->ItemName("C")->NumberBits, 2040);
   EXPECT_EQ(ecu.target().datas()->ItemName("E")->NumberBits, 10);
 
-  EXPECT_TRUE(pasteValues("x\tX\n$\tDollar\n$GG\tG\n99999999999\tBig\n1.5.2\tDots\n\tNone\n3\tThree"));
+  EXPECT_TRUE(
+      pasteValues("x\tX\n$\tDollar\n$GG\tG\n99999999999\tBig\n1.5.2\tDots\n\tNone\n3\tThree"));
   EXPECT_EQ(valueRows(), "1=One 2=Two 3=Three ");
 
   EXPECT_TRUE(pasteRequest("S\tx\t2\t2z\tyes\t4096\t-1\t6\n\tSend\tA\tx\t8\t2\t2\n"));
@@ -332,8 +335,7 @@ TEST_F(PasteGrowth, Datas_TakeTimeByTheirNumber) {
   expectLinear([](RequestEcu& ecu, RequestItem&, int count) {
     const std::string text = lines(count, "D", "\tm\t8\t0\tV\t1\t0\t1\tc\tList\n\t1\tA\n\t1\tB\n");
     WillingPerson person;
-    const double seconds =
-        timed([&] { pasteDatas(text, ecu.db, ecu.target(), person); });
+    const double seconds = timed([&] { pasteDatas(text, ecu.db, ecu.target(), person); });
     EXPECT_EQ(ecu.target().datas()->Count(), count);
     return seconds;
   });
@@ -372,9 +374,8 @@ TEST_F(PasteGrowth, PositionsOfOneRequest_TakeTimeByTheirNumber) {
   expectLinear([](RequestEcu& ecu, RequestItem& request, int count) {
     const std::string text = lines(count, "D", "\t3\t0\t0\t1\n");
     WillingPerson person;
-    const double seconds = timed([&] {
-      pasteDataPositions(text, ecu.db, ecu.target(), request, false, person);
-    });
+    const double seconds =
+        timed([&] { pasteDataPositions(text, ecu.db, ecu.target(), request, false, person); });
     EXPECT_EQ(request.DataPositions->Count(), count);
     EXPECT_TRUE(request.DataPositions->Item(count)->reference);
     return seconds;

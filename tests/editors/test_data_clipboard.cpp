@@ -27,12 +27,14 @@ class DataClipboard : public testing::Test {
   DataItem* the(const std::string& name) { return target.datas()->ItemName(name); }
   std::string names() const {
     std::string all;
-    for (const DataItem* data : *target.datas()) all += data->dataName() + ",";
+    for (const DataItem* data : *target.datas())
+      all += data->dataName() + ",";
     return all;
   }
   std::vector<DataItem*> all() const {
     std::vector<DataItem*> datas;
-    for (DataItem* data : *target.datas()) datas.push_back(data);
+    for (DataItem* data : *target.datas())
+      datas.push_back(data);
     return datas;
   }
   DataPaste paste(const std::string& text) { return pasteDatas(text, database, target, person); }
@@ -46,7 +48,8 @@ class DataClipboard : public testing::Test {
   void addList(DataItem& data, std::initializer_list<std::pair<int, const char*>> values) {
     data.liste = true;
     data.DataListes = std::make_shared<DataListeItems>();
-    for (const auto& [value, label] : values) data.DataListes->Add(value, label, "");
+    for (const auto& [value, label] : values)
+      data.DataListes->Add(value, label, "");
   }
   /// All kinds of data.
   void fill() {
@@ -115,7 +118,8 @@ TEST_F(DataClipboard, TextComesBackAsTheSameData) {
   std::erase(lineFeeds, '\r'); // as a spreadsheet gives it
   EXPECT_TRUE(paste(lineFeeds).changed);
   std::vector<DataItem*> same;
-  for (const std::string& name : order) same.push_back(the(name));
+  for (const std::string& name : order)
+    same.push_back(the(name));
   EXPECT_EQ(copyDatas(same), before);
 }
 
@@ -178,8 +182,8 @@ TEST_F(DataClipboard, ANameOf70CharactersIsTakenAndOneOf71IsNot) {
 }
 
 TEST_F(DataClipboard, CellsAreLimited) {
-  paste("a\t" + std::string(60, 'm') + "\t7\tx\t" + std::string(20, 'u') +
-        "\t0,5\t-1,25\t0\t" + std::string(120, 'd') + "\tNumeric\tbin\n");
+  paste("a\t" + std::string(60, 'm') + "\t7\tx\t" + std::string(20, 'u') + "\t0,5\t-1,25\t0\t" +
+        std::string(120, 'd') + "\tNumeric\tbin\n");
   const DataItem& data = *the("a");
   EXPECT_EQ(data.Mnemo.size(), 50u);
   EXPECT_EQ(data.NumberBits, 7);
@@ -230,7 +234,8 @@ TEST_F(DataClipboard, ALineOfFewerThanThreeCellsEndsAList) {
 }
 
 TEST_F(DataClipboard, YesUpdatesOneNoUpdatesAllCancelStops) {
-  for (const char* name : {"a", "b", "c"}) add(name);
+  for (const char* name : {"a", "b", "c"})
+    add(name);
   const std::string text = "a\tM\t4\nb\tM\t4\nc\tM\t4\nd\tM\t4\n";
   expectUpdate("a", Answer::Yes);
   expectUpdate("b", Answer::Cancel);
@@ -287,7 +292,8 @@ TEST_F(DataClipboard, ManyDataArePastedAsOneByOne) {
     data->setDataName("name" + std::to_string(i * 7919 % 1000));
     if (!slow.datas()->ItemName(data->dataName())) slow.datas()->AddDataSorted(data);
   }
-  for (const DataItem* data : *slow.datas()) names2 += data->dataName() + ",";
+  for (const DataItem* data : *slow.datas())
+    names2 += data->dataName() + ",";
   for (int i = 0; i < 300; ++i)
     if (const int number = i * 7919 % 1000; number == 5 || number == 3) {
       expectUpdate("name" + std::to_string(number), Answer::No);

@@ -70,9 +70,9 @@ TEST(RichText, WhatIsHiddenStaysHiddenAndTheRestFallsBackToText) {
 }
 
 TEST(RichText, BrokenTextNeverFails) {
-  for (const char* text : {"{\\rtf1", "{\\rtf1\\", "{\\rtf1 \\'", "{\\rtf1 \\'z", "{\\rtf1 }}}} a",
-                           "{\\rtf1 \\u", "{\\rtf1\\bin99999999999 x", "{\\rtf1\\bin-5 x",
-                           "{\\rtf1\\fs-3\\cf999 x", "\\rtf", ""})
+  for (const char* text :
+       {"{\\rtf1", "{\\rtf1\\", "{\\rtf1 \\'", "{\\rtf1 \\'z", "{\\rtf1 }}}} a", "{\\rtf1 \\u",
+        "{\\rtf1\\bin99999999999 x", "{\\rtf1\\bin-5 x", "{\\rtf1\\fs-3\\cf999 x", "\\rtf", ""})
     EXPECT_FALSE(richTextToHtml(text).empty());
   EXPECT_FALSE(richTextToHtml("{\\rtf1" + std::string(100000, '{')).empty());
 }

@@ -36,7 +36,8 @@ class DataGoto : public testing::Test {
     std::string text = menu.key + " " + menu.text + ":";
     for (const MenuEntry& entry : menu.entries) {
       text += "\n" + entry.key + (entry.enabled ? " " : " (off) ") + entry.text;
-      for (const std::string& name : entry.names) text += " | " + name;
+      for (const std::string& name : entry.names)
+        text += " | " + name;
     }
     return text;
   }
@@ -55,10 +56,9 @@ TEST_F(DataGoto, ADataThatNothingUsesSaysSoInEveryMenu) {
 TEST_F(DataGoto, RequestsShowTheReferenceInBrackets) {
   place("R1", "2101");
   place("R2", "2102")->reference = true;
-  EXPECT_EQ(shown(requestsMenu(target, *speed)),
-            "menuRequests Requests:\n"
-            "menuReq R1 | R1 | Speed & rate\n"
-            "menuReq [ R2 ] | R2 | Speed & rate");
+  EXPECT_EQ(shown(requestsMenu(target, *speed)), "menuRequests Requests:\n"
+                                                 "menuReq R1 | R1 | Speed & rate\n"
+                                                 "menuReq [ R2 ] | R2 | Speed & rate");
   EXPECT_TRUE(requestsMenu(target, *speed).entries.at(0).literal);
 }
 
@@ -90,10 +90,9 @@ TEST_F(DataGoto, AScreenThatShowsTheDataTwiceHasOneEntry) {
     }
     category->Screens->AddData(screen);
   }
-  EXPECT_EQ(shown(displaysMenu(target, *speed)),
-            "menuDisplay Display:\n"
-            "menuDis Motor | Tests | Motor | Speed & rate\n"
-            "menuDis Wheels | Tests | Wheels | Speed & rate");
+  EXPECT_EQ(shown(displaysMenu(target, *speed)), "menuDisplay Display:\n"
+                                                 "menuDis Motor | Tests | Motor | Speed & rate\n"
+                                                 "menuDis Wheels | Tests | Wheels | Speed & rate");
 }
 
 TEST_F(DataGoto, IdentifiersShowTheBytesOfTheirRequest) {

@@ -44,7 +44,8 @@ class DataRules : public testing::Test {
   }
   std::string names() const {
     std::string all;
-    for (const DataItem* data : *target.datas()) all += data->dataName() + ",";
+    for (const DataItem* data : *target.datas())
+      all += data->dataName() + ",";
     return all;
   }
   void expectDelete(const std::string& name, Answer answer) {
@@ -299,12 +300,11 @@ TEST_F(DataRules, EveryNameCommandAsksItsQuestion) {
 TEST_F(DataRules, ReplacingLeavesANameThatIsTakenAlone) {
   std::vector<DataItem*> datas{add("a1"), add("a2")};
   add("b1");
-  person.expectInput({"DATAS/MSG/popupRefReplace_Click/inputSearch/text", "Rename data:",
-                      "Find what:", ""},
-                     "a");
-  person.expectInput({"DATAS/MSG/popupRefReplace_Click/inputReplace/text", "Rename data:",
-                      "Replace with:", ""},
-                     "b");
+  person.expectInput(
+      {"DATAS/MSG/popupRefReplace_Click/inputSearch/text", "Rename data:", "Find what:", ""}, "a");
+  person.expectInput(
+      {"DATAS/MSG/popupRefReplace_Click/inputReplace/text", "Rename data:", "Replace with:", ""},
+      "b");
   person.expect("DATAS/MSG/popupRefReplace_Click/confirm/text", "User confirm",
                 "Replace 'a' with 'b'\r\nin selected data ?", Buttons::YesNo, Icon::Question,
                 Answer::Yes);
@@ -375,7 +375,8 @@ TEST_F(DataRules, TheSiteHasUnitsInThirteenCategories) {
     const std::vector<MenuEntry> menu = unitsMenu(units, language);
     ASSERT_EQ(menu.size(), 14u) << language;
     std::size_t inCategories = 0;
-    for (std::size_t i = 1; i < menu.size(); ++i) inCategories += menu[i].entries.size();
+    for (std::size_t i = 1; i < menu.size(); ++i)
+      inCategories += menu[i].entries.size();
     EXPECT_EQ(inCategories, menu[0].entries.size());
     for (const MenuEntry& unit : menu[0].entries)
       EXPECT_FALSE(unitOf(unit.text).empty()) << unit.text;

@@ -23,7 +23,8 @@ class DeviceAssociation : public ::testing::Test {
  protected:
   PositionSelection positionsOf(RequestItem& request) {
     PositionSelection all;
-    for (DataPositionItem* position : *request.DataPositions) all.push_back(position);
+    for (DataPositionItem* position : *request.DataPositions)
+      all.push_back(position);
     return all;
   }
   void asksForName(const std::string& proposal, const std::string& answer,

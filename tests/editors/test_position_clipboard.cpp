@@ -65,8 +65,8 @@ TEST_F(PositionClipboard, WhatIsMissingIsToldWhenTheRestIsThere) {
                               [&] { order += positionsText(request) + ", "; });
   };
   ecu.person.expect({"REQUESTS/MSG/pasteDataPositions/dataDoesntExist/text", "Error",
-                     "Data : \r\n    X\r\n\r\ndoesn't exist. You must create data first.", Buttons::Ok,
-                     Icon::Critical},
+                     "Data : \r\n    X\r\n\r\ndoesn't exist. You must create data first.",
+                     Buttons::Ok, Icon::Critical},
                     Answer::Ok, [&] { order += "told"; });
   EXPECT_TRUE(paste("<Datas><Data Name='X'/><Data Name='D'/></Datas>"));
   EXPECT_EQ(order, "D 1.0 B r, told");

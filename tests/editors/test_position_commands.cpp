@@ -16,14 +16,16 @@ class PositionCommands : public ::testing::Test {
  protected:
   PositionSelection positionsOf(RequestItem& request) {
     PositionSelection all;
-    for (DataPositionItem* position : *request.DataPositions) all.push_back(position);
+    for (DataPositionItem* position : *request.DataPositions)
+      all.push_back(position);
     return all;
   }
   /// One line a row, "!" for outside, "?" for unknown.
   std::string rows(RequestItem& request, bool sent) {
     std::string text;
     for (const PositionRow& row : positionRows(ecu.target(), request, sent)) {
-      for (const std::string& cell : row.cells) text += cell + "|";
+      for (const std::string& cell : row.cells)
+        text += cell + "|";
       text += std::string(row.outside ? "!" : "") + (row.unknown ? "?" : "") + "\n";
     }
     return text;
@@ -171,7 +173,8 @@ TEST_F(PositionCommands, ReplacingIsRefusedForADataOfTheSameRequestAndForTwoDevi
   ecu.person.expect("REQUESTS/MSG/ppDataReplaceData_Click/dataAlreadyExists/text", "Error",
                     "Data 'E' already exists in this request", Buttons::Ok, Icon::Critical,
                     Answer::Ok);
-  EXPECT_FALSE(replaceData(ecu.target(), position, *ecu.target().datas()->ItemName("E"), ecu.person));
+  EXPECT_FALSE(
+      replaceData(ecu.target(), position, *ecu.target().datas()->ItemName("E"), ecu.person));
   const DataItem& other = ecu.addData("F");
   ecu.addDevice("One", {"D"});
   OrganeItem& two = ecu.addDevice("Two", {"F"});

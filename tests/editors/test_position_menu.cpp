@@ -92,7 +92,8 @@ TEST(PositionMenu, WithAllPagesItHasEveryWayAndEveryUse) {
             (std::vector<std::string>{"Cat", "Main", "Speed"}));
   EXPECT_EQ(entryOf(menu, "ppCDcopyDataToScreens").entries[1].names,
             (std::vector<std::string>{"Cat", "Second"}));
-  EXPECT_TRUE(entryOf(menu, "ppDataAssociateDevice").entries[4].literal) << "a name, not a mnemonic";
+  EXPECT_TRUE(entryOf(menu, "ppDataAssociateDevice").entries[4].literal)
+      << "a name, not a mnemonic";
   EXPECT_EQ(entryOf(menu, "ppDataAssociateDevice").entries[0].kind, MenuEntry::Kind::Check);
 }
 
@@ -109,10 +110,13 @@ TEST(PositionMenu, ADeviceIsAWayOnlyForAReference) {
   RequestEcu ecu;
   DataPositionItem& position = ecu.place(ecu.addRequest("R"), "Speed", false, 2, 0, false);
   ecu.addDevice("Pump", {"Speed"});
-  EXPECT_FALSE(entryOf(positionMenu(withAllPages(), ecu.target(), &position), "ppDataGotoDev").enabled);
+  EXPECT_FALSE(
+      entryOf(positionMenu(withAllPages(), ecu.target(), &position), "ppDataGotoDev").enabled);
   position.reference = true;
-  EXPECT_TRUE(entryOf(positionMenu(withAllPages(), ecu.target(), &position), "ppDataGotoDev").enabled);
-  EXPECT_FALSE(entryOf(positionMenu(withAllPages(), ecu.target(), &position), "ppDataGotoScr").enabled)
+  EXPECT_TRUE(
+      entryOf(positionMenu(withAllPages(), ecu.target(), &position), "ppDataGotoDev").enabled);
+  EXPECT_FALSE(
+      entryOf(positionMenu(withAllPages(), ecu.target(), &position), "ppDataGotoScr").enabled)
       << "no screen shows it";
 }
 
@@ -132,13 +136,27 @@ TEST(PositionMenu, StateMatrix) {
     const char* key;
     const char* allowed; // n no request, r request, p position in the fields, s selected, too
   };
-  const Row rows[] = {{"cancel", ""}, {"save", "ps"}, {"cut", "s"}, {"copy", "s"},
-                      {"paste", "rps"}, {"ref", "s"}, {"unref", "s"}, {"ppDataCut", "s"},
-                      {"ppDataCopyText", "s"}, {"ppDataPaste", "rps"}, {"ppDataReplace", "s"},
-                      {"ppDataAssociateDevice", "s"}, {"ppDataToggleEndian", "s"},
-                      {"ppDataSetEndianDefault", "s"}, {"ppCDcopyDataToScreens", "s"},
-                      {"ppCDnumeric", "rps"}, {"ppCDnumericL", "rps"}, {"ppCDhexa", "rps"},
-                      {"ppCDascii", "rps"}, {"PopupCreateDataC", ""}, {"ppDataHelp", "nrps"}};
+  const Row rows[] = {{"cancel", ""},
+                      {"save", "ps"},
+                      {"cut", "s"},
+                      {"copy", "s"},
+                      {"paste", "rps"},
+                      {"ref", "s"},
+                      {"unref", "s"},
+                      {"ppDataCut", "s"},
+                      {"ppDataCopyText", "s"},
+                      {"ppDataPaste", "rps"},
+                      {"ppDataReplace", "s"},
+                      {"ppDataAssociateDevice", "s"},
+                      {"ppDataToggleEndian", "s"},
+                      {"ppDataSetEndianDefault", "s"},
+                      {"ppCDcopyDataToScreens", "s"},
+                      {"ppCDnumeric", "rps"},
+                      {"ppCDnumericL", "rps"},
+                      {"ppCDhexa", "rps"},
+                      {"ppCDascii", "rps"},
+                      {"PopupCreateDataC", ""},
+                      {"ppDataHelp", "nrps"}};
   const std::pair<char, PositionPaneState> states[] = {
       {'n', {}}, {'r', {.request = true}}, {'p', {.request = true, .active = true}}, {'s', chosen}};
   for (const Row& row : rows)
@@ -146,10 +164,10 @@ TEST(PositionMenu, StateMatrix) {
       EXPECT_EQ(isPositionCommandEnabled(row.key, state),
                 std::string(row.allowed).find(name) != std::string::npos)
           << row.key << " in " << name;
-  EXPECT_TRUE(isPositionCommandEnabled("PopupCreateDataC",
-                                       {.request = true, .clipboardHasText = true}));
-  EXPECT_TRUE(isPositionCommandEnabled("cancel",
-                                       {.request = true, .active = true, .pending = true}));
+  EXPECT_TRUE(
+      isPositionCommandEnabled("PopupCreateDataC", {.request = true, .clipboardHasText = true}));
+  EXPECT_TRUE(
+      isPositionCommandEnabled("cancel", {.request = true, .active = true, .pending = true}));
 }
 
 TEST(CreateDataMenu, HoldsAllSizesWithTheirPlacesInTheMenus) {

@@ -114,10 +114,11 @@ TEST(PositionText, DefinitionsAndEndiannessTravelAlong) {
 TEST(PositionText, AnEncodingNamedInsideTheTextIsIgnored) {
   RequestEcu ecu;
   RequestItem& request = ecu.addRequest("R");
-  EXPECT_TRUE(pasteDataPositions(
-      "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><Positions><Datas><Data Name='Débit'/></Datas>"
-      "<Request><DataItem Name='Débit' FirstByte='2'/></Request></Positions>",
-      ecu.db, ecu.target(), request, false, ecu.person));
+  EXPECT_TRUE(
+      pasteDataPositions("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><Positions><Datas><Data "
+                         "Name='Débit'/></Datas>"
+                         "<Request><DataItem Name='Débit' FirstByte='2'/></Request></Positions>",
+                         ecu.db, ecu.target(), request, false, ecu.person));
   EXPECT_EQ(positionsText(request), "Débit 2.0 B r");
 }
 
@@ -125,7 +126,8 @@ TEST(PositionText, CellsThatAreMissingTakeTheirDefaults) {
   RequestEcu ecu;
   ecu.target().Parametres()->LittleEndian = true;
   RequestItem& request = ecu.addRequest("R");
-  for (const char* name : {"A", "B", "C"}) ecu.addData(name);
+  for (const char* name : {"A", "B", "C"})
+    ecu.addData(name);
   EXPECT_TRUE(pasteDataPositions("A\nB\t4095\t7\t0\t1\rC\t0\t8\r\n", ecu.db, ecu.target(), request,
                                  false, ecu.person));
   EXPECT_EQ(positionsText(request), "A 1.0 L r, B 4095.7 B r ref, C 1.0 L r");
@@ -140,15 +142,15 @@ TEST(NewData, HexadecimalAndAsciiAreNotNumeric) {
     createDataAt(ecu.target(), request, true, {shape, bits}, {1, 0}, ecu.person, &made);
     return made;
   };
-  const DataItem* hexa = makes(NewDataKind::Shape::Hexa, 24,
-                               "REQUESTS/MSG/graphView/createdataHexa/text",
-                               "Enter name for hexa data");
+  const DataItem* hexa =
+      makes(NewDataKind::Shape::Hexa, 24, "REQUESTS/MSG/graphView/createdataHexa/text",
+            "Enter name for hexa data");
   ASSERT_TRUE(hexa);
   EXPECT_FALSE(hexa->numerique || hexa->Ascii);
   EXPECT_EQ(hexa->NumberBits, 24);
-  const DataItem* ascii = makes(NewDataKind::Shape::Ascii, 16,
-                                "REQUESTS/MSG/graphView/createdataAscii/text",
-                                "Enter name for ascii data");
+  const DataItem* ascii =
+      makes(NewDataKind::Shape::Ascii, 16, "REQUESTS/MSG/graphView/createdataAscii/text",
+            "Enter name for ascii data");
   ASSERT_TRUE(ascii);
   EXPECT_TRUE(ascii->Ascii && !ascii->numerique);
   EXPECT_TRUE(request.DataPositions->Item(1)->param);

@@ -43,7 +43,8 @@ TEST(RenameTyped, NormalisesBlanksAndSemicolons) {
 
 TEST(RenameRequests, ANameThatIsTakenLeavesItsRequestAlone) {
   RequestEcu ecu;
-  for (const char* name : {"read a", "Read A2", "read b"}) ecu.addRequest(name);
+  for (const char* name : {"read a", "Read A2", "read b"})
+    ecu.addRequest(name);
   const auto renamed = renameRequests(ecu.target(), ecu.allRequests(), [](const std::string& name) {
     return name == "read a" ? std::string("READ A2") : CapitalizeWords(name, false);
   });
@@ -127,8 +128,7 @@ TEST(SetReferenceAll, ADataBecomesTheReferenceOnlyOnce) {
   ecu.place(second, "D", false);
   ecu.place(second, "E", false);
   ecu.addRequest("without positions");
-  const RequestSelection changed =
-      SetReferenceAll(ecu.target(), ecu.allRequests(), false, true);
+  const RequestSelection changed = SetReferenceAll(ecu.target(), ecu.allRequests(), false, true);
   EXPECT_EQ(changed, ecu.requests({"A", "B"}));
   EXPECT_EQ(positionsText(first), "D 2.0 B r ref, P 2.0 B s");
   EXPECT_EQ(positionsText(second), "D 2.0 B r, E 2.0 B r ref");
@@ -191,11 +191,10 @@ TEST(TradConfig, GivesEachSentDataOnceWithItsValues) {
   ecu.place(second, "Mode", true);
   ecu.place(second, "Plain", true);
   bool broken = true;
-  EXPECT_EQ(tradConfigText(ecu.allRequests(), broken),
-            "Mode\t2 bits\tthe mode\t\t0\tOff\t\t\t\r\n"
-            "\t\t\t\t1\tOn\t\t\t\r\n"
-            "Vin\t17 bytes\t\t\t\t\t\t\t\r\n"
-            "Plain\t12 bits\t\t\t\t\t\t\t\r\n");
+  EXPECT_EQ(tradConfigText(ecu.allRequests(), broken), "Mode\t2 bits\tthe mode\t\t0\tOff\t\t\t\r\n"
+                                                       "\t\t\t\t1\tOn\t\t\t\r\n"
+                                                       "Vin\t17 bytes\t\t\t\t\t\t\t\r\n"
+                                                       "Plain\t12 bits\t\t\t\t\t\t\t\r\n");
   EXPECT_FALSE(broken);
   EXPECT_EQ(tradConfigText({}, broken), "");
   list.Description = "the\nmode";

@@ -117,8 +117,7 @@ TEST(RequestFinding, StrayBlanksHideTheServiceByte) {
   EXPECT_EQ(findingOf(request, ecu.target()), RequestFinding::StraySpaces);
   EXPECT_EQ(findingToolTip(RequestFinding::StraySpaces),
             "Request name has leading or trailing space, or has multiple spaces");
-  EXPECT_EQ(findingText(RequestFinding::StraySpaces),
-            findingToolTip(RequestFinding::StraySpaces));
+  EXPECT_EQ(findingText(RequestFinding::StraySpaces), findingToolTip(RequestFinding::StraySpaces));
 }
 
 TEST(RequestFinding, TheFirstPositionAtByteOneDecides) {

@@ -83,15 +83,30 @@ TEST(RequestMenu, StateMatrix) {
     const char* key;
     const char* allowed; // c closed, o open, s selected, a selected and active
   };
-  const Row rows[] = {
-      {"cancel", ""}, {"valid", "a"}, {"save", "a"}, {"new", "osa"}, {"rename", "a"},
-      {"find", "osa"}, {"cut", "sa"}, {"copy", "sa"}, {"paste", "osa"}, {"help", "cosa"},
-      {"PopupReqCut", "sa"}, {"PopupReqCopyText", "sa"}, {"PopupReqPaste", "osa"},
-      {"mnuRequestSelectAll", "osa"}, {"mnuRequestSelectWithParam", "osa"},
-      {"PopupReqManuelSet", "sa"}, {"PopupReqRefParamSet", "sa"},
-      {"PopupReplyTemplateNormalize", "a"}, {"PopupReplyTemplateNormalizeAll", "osa"},
-      {"PopupReqReplace", "sa"}, {"mnuGenerateRVTtests", "sa"}, {"mnuTradConfigCopy", "sa"},
-      {"mnuTradConfigSelectWriteRequests", "osa"}, {"PopupReqHelp", "cosa"}};
+  const Row rows[] = {{"cancel", ""},
+                      {"valid", "a"},
+                      {"save", "a"},
+                      {"new", "osa"},
+                      {"rename", "a"},
+                      {"find", "osa"},
+                      {"cut", "sa"},
+                      {"copy", "sa"},
+                      {"paste", "osa"},
+                      {"help", "cosa"},
+                      {"PopupReqCut", "sa"},
+                      {"PopupReqCopyText", "sa"},
+                      {"PopupReqPaste", "osa"},
+                      {"mnuRequestSelectAll", "osa"},
+                      {"mnuRequestSelectWithParam", "osa"},
+                      {"PopupReqManuelSet", "sa"},
+                      {"PopupReqRefParamSet", "sa"},
+                      {"PopupReplyTemplateNormalize", "a"},
+                      {"PopupReplyTemplateNormalizeAll", "osa"},
+                      {"PopupReqReplace", "sa"},
+                      {"mnuGenerateRVTtests", "sa"},
+                      {"mnuTradConfigCopy", "sa"},
+                      {"mnuTradConfigSelectWriteRequests", "osa"},
+                      {"PopupReqHelp", "cosa"}};
   const std::pair<char, RequestPageState> states[] = {
       {'c', {}},
       {'o', {.open = true}},

@@ -30,18 +30,18 @@ TEST_P(ReplyTemplate, BeginsAsThePositiveAnswer) {
 
 INSTANTIATE_TEST_SUITE_P(
     Services, ReplyTemplate,
-    ::testing::Values(
-        Row{"1003", 3, "", "5003", true}, Row{"1003", 2, "", "50", true},
-        Row{"10", 3, "", "", false}, Row{"10", 2, "", "50", true},
-        Row{"2180", 2, "", "6180", true}, Row{"22F19001", 2, "62", "62F19001", true},
-        Row{"2180", 2, "7180AABB", "6180AABB", true}, Row{"2180", 2, "6180AABB", "6180AABB", false},
-        Row{"2EF190AA", 2, "", "6EF190", true}, Row{"2EF1", 2, "AA", "AA", false},
-        Row{"1101", 2, "", "5101", true}, Row{"11", 2, "", "", false},
-        Row{"300102", 2, "", "7001", true}, Row{"310102", 2, "", "7101", true},
-        Row{"320102", 2, "", "7201", true}, Row{"3B0102", 2, "", "7B01", true},
-        Row{"3E00", 2, "", "7E", true}, Row{"BE", 2, "", "FE", true},
-        Row{"7F", 2, "7F", "7F", false}, Row{"BF", 2, "", "", false},
-        Row{"FF", 2, "AA", "AA", false}, Row{"", 2, "AA", "AA", false}));
+    ::testing::Values(Row{"1003", 3, "", "5003", true}, Row{"1003", 2, "", "50", true},
+                      Row{"10", 3, "", "", false}, Row{"10", 2, "", "50", true},
+                      Row{"2180", 2, "", "6180", true}, Row{"22F19001", 2, "62", "62F19001", true},
+                      Row{"2180", 2, "7180AABB", "6180AABB", true},
+                      Row{"2180", 2, "6180AABB", "6180AABB", false},
+                      Row{"2EF190AA", 2, "", "6EF190", true}, Row{"2EF1", 2, "AA", "AA", false},
+                      Row{"1101", 2, "", "5101", true}, Row{"11", 2, "", "", false},
+                      Row{"300102", 2, "", "7001", true}, Row{"310102", 2, "", "7101", true},
+                      Row{"320102", 2, "", "7201", true}, Row{"3B0102", 2, "", "7B01", true},
+                      Row{"3E00", 2, "", "7E", true}, Row{"BE", 2, "", "FE", true},
+                      Row{"7F", 2, "7F", "7F", false}, Row{"BF", 2, "", "", false},
+                      Row{"FF", 2, "AA", "AA", false}, Row{"", 2, "AA", "AA", false}));
 
 TEST(ReplyTemplateBuffers, ARequestWithoutReplyBufferGetsOneWithItsLowerBound) {
   RequestEcu ecu;

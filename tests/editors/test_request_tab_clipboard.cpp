@@ -11,8 +11,9 @@ using platform::Answer;
 using testing::positionsText;
 using testing::RequestEcu;
 
-constexpr char header[] = "'Name\tDM\tManual\tSend Bytes\tvariable\tLength\tShift\ttemplate\twithout\t"
-                          "plant\tafter sales\tengineering\tsupplier\tcomment\r\n";
+constexpr char header[] =
+    "'Name\tDM\tManual\tSend Bytes\tvariable\tLength\tShift\ttemplate\twithout\t"
+    "plant\tafter sales\tengineering\tsupplier\tcomment\r\n";
 constexpr char positionHeader[] =
     "'\tSend or Receive\tData Name\tStart byte\tOffset bit\tLittle Endian\tref\r\n";
 
@@ -103,7 +104,8 @@ TEST_F(RequestTabClipboard, LinesBeforeTheFirstRequestAreSkipped) {
 
 TEST_F(RequestTabClipboard, SeventyCharactersAreANameSeventyOneAreRefusedAndTheRestGoesOn) {
   std::string seventy;
-  for (int i = 0; i < 70; ++i) seventy += "é";
+  for (int i = 0; i < 70; ++i)
+    seventy += "é";
   expectWarning("Request name '" + seventy + "x' is too long. Up to 70 characters.\r\n");
   const RequestPaste result =
       paste(seventy + "\t1\r\n" + seventy + "x\t1\r\n\tSend\tD\t2\r\nB\t1\r\n");
@@ -180,9 +182,11 @@ TEST_F(RequestTabClipboard, UnknownDataAreCreatedOrTheirLineIsLeftOut) {
 }
 
 TEST_F(RequestTabClipboard, PositionsTakeTheirDefaultsAndLimits) {
-  for (const char* name : {"A", "B", "C", "D", "E"}) ecu.addData(name);
+  for (const char* name : {"A", "B", "C", "D", "E"})
+    ecu.addData(name);
   ecu.target().Parametres()->LittleEndian = true;
-  paste("R\t0\r\n\tSend\tA\t0\t8\t0\r\n\tsend\tB\t4096\t7\t1\t1\r\n\tReceive\tC\t4095\r\n\tSend\tD\r\n"
+  paste("R\t0\r\n\tSend\tA\t0\t8\t0\r\n\tsend\tB\t4096\t7\t1\t1\r\n\tReceive\tC\t4095\r\n\tSend\tD"
+        "\r\n"
         "'\tSend\tE\t5\r\n\t\t\t\t\t\t\t\t\r\n");
   EXPECT_EQ(positionsText(ecu.request("R")), "A 1.0 B s, B 1.7 L r ref, C 4095.0 L r");
 }

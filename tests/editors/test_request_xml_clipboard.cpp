@@ -21,17 +21,18 @@ TEST(RequestXmlClipboard, CopyHoldsDatasFirstAndEachDataOnce) {
   ecu.place(second, "D", true, 3);
   ecu.place(second, "E", true, 4);
   ecu.addRequest("not selected");
-  EXPECT_EQ(copyRequests(ecu.target(), ecu.requests({"A", "B"})),
-            "<Requests Endian=\"Big\"><Datas>"
-            "<Data Name=\"D\">" +
-                testing::Ecu::between(testing::fragmentOf(*ecu.target().datas()->ItemName("D"), "Data"),
-                                      "<Data Name=\"D\">", "</Data>") +
-                "</Data>\n"
-                "<Data Name=\"E\">" +
-                testing::Ecu::between(testing::fragmentOf(*ecu.target().datas()->ItemName("E"), "Data"),
-                                      "<Data Name=\"E\">", "</Data>") +
-                "</Data>\n</Datas>\n" + testing::fragmentOf(first, "Request") + "\n" +
-                testing::fragmentOf(second, "Request") + "\n</Requests>");
+  EXPECT_EQ(
+      copyRequests(ecu.target(), ecu.requests({"A", "B"})),
+      "<Requests Endian=\"Big\"><Datas>"
+      "<Data Name=\"D\">" +
+          testing::Ecu::between(testing::fragmentOf(*ecu.target().datas()->ItemName("D"), "Data"),
+                                "<Data Name=\"D\">", "</Data>") +
+          "</Data>\n"
+          "<Data Name=\"E\">" +
+          testing::Ecu::between(testing::fragmentOf(*ecu.target().datas()->ItemName("E"), "Data"),
+                                "<Data Name=\"E\">", "</Data>") +
+          "</Data>\n</Datas>\n" + testing::fragmentOf(first, "Request") + "\n" +
+          testing::fragmentOf(second, "Request") + "\n</Requests>");
 }
 
 TEST(RequestXmlClipboard, ARequestWithoutPositionsGetsAnEmptyList) {
@@ -47,7 +48,8 @@ TEST(RequestXmlClipboard, PastingOnceGivesTheNameThenCopyThenCopyZeroThenCopyOne
   source.addRequest("name");
   const std::string text = copyRequests(source.target(), source.allRequests());
   RequestEcu ecu;
-  for (int i = 0; i < 4; ++i) EXPECT_TRUE(paste(ecu, text).changed);
+  for (int i = 0; i < 4; ++i)
+    EXPECT_TRUE(paste(ecu, text).changed);
   EXPECT_EQ(ecu.requestNames(), "name|Copy name|Copy(0)name|Copy(1)name");
   EXPECT_EQ(ecu.request("Copy name").parent, &ecu.target());
 }

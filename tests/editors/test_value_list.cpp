@@ -109,8 +109,8 @@ TEST_F(ValueListTest, ChangingTakesTheLabelAsItIsTyped) {
 
 TEST_F(ValueListTest, CutAsksOnceForAllRows) {
   const platform::Box question{"DATALIST/MSG/CutRange/text", "Confirm delete",
-                               "Do you really want to delete this selected items ?",
-                               Buttons::YesNo, Icon::Question};
+                               "Do you really want to delete this selected items ?", Buttons::YesNo,
+                               Icon::Question};
   person.expect(question, Answer::No);
   EXPECT_FALSE(list.cut({&row(0), &row(2)}, person));
   person.expect(question, Answer::Yes);
@@ -251,7 +251,8 @@ TEST(ValueListGrowth, NormalizingTakesTimeByTheNumberOfValues) {
   };
   expectLinear([](ValueList& list, DataItem&) {
     std::vector<ValueRow*> rows;
-    for (const auto& row : list.rows()) rows.push_back(row.get());
+    for (const auto& row : list.rows())
+      rows.push_back(row.get());
     Willing person;
     EXPECT_TRUE(list.normalize(rows, person));
     EXPECT_EQ(rows.back()->label, "label " + std::to_string(rows.size() - 1));

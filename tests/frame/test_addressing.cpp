@@ -35,7 +35,9 @@ constexpr char functions[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 class AddressingTest : public testing::Test {
  protected:
-  void SetUp() override { ASSERT_TRUE(file.load(folder.write("GenericAddressing.xml", functions))); }
+  void SetUp() override {
+    ASSERT_TRUE(file.load(folder.write("GenericAddressing.xml", functions)));
+  }
   AddressingFields fields(const char* name, bool extended = false) {
     return addressingFieldsOf(file.functionNamed(name), extended);
   }

@@ -20,7 +20,8 @@ class AutoIdent : public testing::Test {
   AutoIdentItems& items() { return *target().AutoIdents; }
   AutoIdentSelection all() {
     AutoIdentSelection selected;
-    for (AutoIdentItem* item : items()) selected.push_back(item);
+    for (AutoIdentItem* item : items())
+      selected.push_back(item);
     return selected;
   }
   std::size_t paste(const std::string& text) {
@@ -93,7 +94,8 @@ TEST_F(AutoIdent, Check_WithUdsAllowsLongerTexts) {
     return bad ? bad->box.key + " | " + bad->box.title + " | " + bad->box.text : "";
   };
   std::string accented;
-  for (int i = 0; i < 64; ++i) accented += "é"; // characters, not bytes
+  for (int i = 0; i < 64; ++i)
+    accented += "é"; // characters, not bytes
   EXPECT_EQ("", refused({0, "A", "", ""}));
   EXPECT_EQ("", refused({0, std::string(120, 'a'), accented, accented}));
   const std::string supplier = "AUTOIDENT/MSG/CheckUserInput/UDS/badSupplierCode/text | "
@@ -214,12 +216,13 @@ TEST_F(AutoIdent, Paste_OfManyLinesGrowsWithTheirNumber) {
 
 TEST_F(AutoIdent, Commands_AreEnabledByTheStateOfThePage) {
   std::string matrix;
-  for (const char* key : {"save", "cancel", "cut", "copy", "paste", "check", "buttonAddNewAi",
-                          "help"}) {
+  for (const char* key :
+       {"save", "cancel", "cut", "copy", "paste", "check", "buttonAddNewAi", "help"}) {
     matrix += std::string(key) + ":";
-    for (const AutoIdentPageState& state :
-         {AutoIdentPageState{}, {.open = true}, {.open = true, .active = true, .selected = 1},
-          {.open = true, .active = false, .selected = 3}})
+    for (const AutoIdentPageState& state : {AutoIdentPageState{},
+                                            {.open = true},
+                                            {.open = true, .active = true, .selected = 1},
+                                            {.open = true, .active = false, .selected = 3}})
       matrix += isAutoIdentCommandEnabled(key, state) ? " +" : " -";
     matrix += "\n";
   }

@@ -15,7 +15,9 @@ namespace {
 
 constexpr Extent screen{1366 * 15, 768 * 15}; // 20490 x 11520
 
-RequestedPosition position(const std::string& text) { return requestedPosition(text, screen); }
+RequestedPosition position(const std::string& text) {
+  return requestedPosition(text, screen);
+}
 
 } // namespace
 

@@ -139,8 +139,13 @@ TEST(SelectorState, DecidesWhichControlsMayBeUsed) {
       {{.itemsNotKept = true}, "toolbar tree detect"},
       {{.edited = true}, "toolbar tree detect"},
       {{.creating = true}, "name panel"},
-      {{.ecuOpen = true, .creating = true, .edited = true, .changingFunction = true,
-        .httpAddress = true, .projectsKnown = true, .itemsNotKept = true},
+      {{.ecuOpen = true,
+        .creating = true,
+        .edited = true,
+        .changingFunction = true,
+        .httpAddress = true,
+        .projectsKnown = true,
+        .itemsNotKept = true},
        "name panel"},
       {{.ecuOpen = true}, "toolbar tree save name group function detect"},
       {{.ecuOpen = true, .edited = true}, "toolbar tree save cancel name group function detect"},
@@ -152,7 +157,8 @@ TEST(SelectorState, DecidesWhichControlsMayBeUsed) {
        "toolbar tree save name group function change detect"},
       {{.ecuOpen = true, .changingFunction = true, .functionChosen = true},
        "toolbar tree save name group function change ok detect"},
-      {{.ecuOpen = true, .itemsNotKept = true}, "toolbar tree save name group function detect report"},
+      {{.ecuOpen = true, .itemsNotKept = true},
+       "toolbar tree save name group function detect report"},
   };
   for (const Row& row : rows)
     EXPECT_EQ(row.controls, namesOf(controlsFor(row.state))) << &row - rows;

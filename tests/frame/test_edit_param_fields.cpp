@@ -77,7 +77,8 @@ TEST_F(EditParam, Fields_TakeEachValueAndGoBackUnchanged) {
   parameters().key1 = 0x0A;
   parameters().key2 = 0xFF;
   int value = 1000;
-  for (const ParameterNumber& number : parameterNumbers()) parameters().*number.value = ++value;
+  for (const ParameterNumber& number : parameterNumbers())
+    parameters().*number.value = ++value;
   parameters().LittleEndian = true;
   parameters().Reprogrammable = "BOOT";
   parameters().DateOfficialisation = "21/11/2026 08:30:00";
@@ -194,7 +195,8 @@ TEST_F(EditParam, BaudRate_FollowsTheProtocol) {
   EXPECT_EQ(10400, rateOf(7)); // whatever the fields say
   EXPECT_EQ(2000000, rateOf(5));
   EXPECT_EQ(250000, rateOf(8));
-  for (const std::int32_t code : {1, 2, 3, 4, 6, 9, 0}) EXPECT_EQ(9600, rateOf(code)) << code;
+  for (const std::int32_t code : {1, 2, 3, 4, 6, 9, 0})
+    EXPECT_EQ(9600, rateOf(code)) << code;
 }
 
 TEST_F(EditParam, CanFdLength_IsForItsProtocolAlone) {
@@ -241,7 +243,8 @@ TEST_F(EditParam, Gateway_IsThatOfTheShownBox) {
   EXPECT_TRUE(shown().CheckCGW);
   EXPECT_TRUE(shown().CheckCGWIP);
   EXPECT_EQ("CGW", gatewayOf(7));
-  for (const std::int32_t code : {1, 2, 3, 4, 6, 8, 9, 0}) EXPECT_EQ("", gatewayOf(code)) << code;
+  for (const std::int32_t code : {1, 2, 3, 4, 6, 8, 9, 0})
+    EXPECT_EQ("", gatewayOf(code)) << code;
   fields.CheckCGW = false;
   fields.CheckCGWIP = true;
   EXPECT_EQ("CGW", gatewayOf(9));
@@ -338,8 +341,8 @@ TEST(ProtocolPanelsTest, EachCodeHasItsOwn) {
     const ProtocolPanels panels = panelsOf(code);
     all += std::to_string(code) + ": " + panels.FrCan;
     const std::pair<bool, const char*> parts[] = {
-        {panels.canFd, " fd"},       {panels.CheckCGW, " CGW"},     {panels.FrCanBaud, " FrCanBaud"},
-        {panels.FrIP, " FrIP"},      {panels.CheckCGWIP, " CGWIP"}, {panels.Timing, " Timing"},
+        {panels.canFd, " fd"},     {panels.CheckCGW, " CGW"},     {panels.FrCanBaud, " FrCanBaud"},
+        {panels.FrIP, " FrIP"},    {panels.CheckCGWIP, " CGWIP"}, {panels.Timing, " Timing"},
         {panels.Frame1, " Frame1"}};
     for (const auto& [shown, name] : parts)
       if (shown) all += name;
@@ -393,8 +396,8 @@ TEST(CanIdentifiers, KeepTheirMark) {
   EXPECT_EQ(-1, storedCanIdentifier({{}, true}));
   EXPECT_EQ((CanIdentifier{2016, false}), canIdentifierOf(2016));
   EXPECT_EQ((CanIdentifier{0x123, true}), canIdentifierOf(std::int32_t(0x80000123u)));
-  for (const std::int32_t stored : {0, 2047, 5000, std::int32_t(0x80000000u),
-                                    std::int32_t(0x9FFFFFFFu)})
+  for (const std::int32_t stored :
+       {0, 2047, 5000, std::int32_t(0x80000000u), std::int32_t(0x9FFFFFFFu)})
     EXPECT_EQ(stored, storedCanIdentifier(canIdentifierOf(stored)));
 }
 

@@ -15,8 +15,7 @@ namespace {
 class Zone {
  public:
   explicit Zone(const char* name) {
-    if (const char* old = std::getenv("TZ"))
-      old_ = old;
+    if (const char* old = std::getenv("TZ")) old_ = old;
     ::setenv("TZ", name, 1);
     ::tzset();
   }

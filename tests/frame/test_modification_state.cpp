@@ -47,8 +47,7 @@ class NotedSurface : public FrameSurface {
   std::optional<std::string> targetName() const override { return name; }
   bool testAndConfirmChange(const PageRow& row) override {
     recorder.note("test " + std::string(row.key));
-    if (onTest)
-      onTest();
+    if (onTest) onTest();
     return applies;
   }
   platform::Person& person() override { return scripted; }
@@ -238,14 +237,13 @@ TEST_F(Modification, CancelOfTheOnlyModificationLeavesTheFileSaved) {
 
 TEST_F(Modification, SpeaksTheLanguageOfTheWindow) {
   surface.texts = {{"MAIN/MSG/notSaved/text", " - Non enregistré -"},
-           {"MAIN/MSG/confirmSave/title", "Confirmer"},
-           {"MAIN/MSG/confirmSave/change", " : modifications."},
-           {"MAIN/MSG/confirmSave/question", "Enregistrer ?"}};
+                   {"MAIN/MSG/confirmSave/title", "Confirmer"},
+                   {"MAIN/MSG/confirmSave/change", " : modifications."},
+                   {"MAIN/MSG/confirmSave/question", "Enregistrer ?"}};
   state.OnChange(row("datas"));
   EXPECT_EQ(caption("database"), "ECU - Non enregistré -");
   surface.scripted.expect("", "Confirmer", "Engine : modifications.\r\nEnregistrer ?",
-                          platform::Buttons::YesNo, platform::Icon::Question,
-                          platform::Answer::No);
+                          platform::Buttons::YesNo, platform::Icon::Question, platform::Answer::No);
   EXPECT_TRUE(state.ConfirmLeavePage(0, true));
 }
 
@@ -387,8 +385,7 @@ TEST_F(Modification, AskingAlsoComesAfterAPageThatAppliedNothing) {
   take();
   expectSaveQuestion(platform::Answer::No);
   state.ConfirmLeavePage(row("datas").index, true);
-  EXPECT_EQ(take(),
-            (Events{"test datas", "box Confirm save: Engine change.\r\nSave Change ? "}));
+  EXPECT_EQ(take(), (Events{"test datas", "box Confirm save: Engine change.\r\nSave Change ? "}));
 }
 
 TEST_F(Modification, NobodyIsAskedWithoutAnEcuOrWithNothingToSave) {

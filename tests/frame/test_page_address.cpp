@@ -34,8 +34,7 @@ TEST(CheckReportAddress, JoinsRootAndEcu) {
 }
 
 TEST(CheckReportAddress, EcuOfFiveCharactersIsAPath) {
-  EXPECT_EQ(checkReportAddress("C:\\Site", "file:"),
-            "file:///C:/Site/report/showEcus.htm#file:");
+  EXPECT_EQ(checkReportAddress("C:\\Site", "file:"), "file:///C:/Site/report/showEcus.htm#file:");
   EXPECT_EQ(checkReportAddress("C:\\Site", "a\\b c"),
             "file:///C:/Site/report/showEcus.htm#a/b%20c");
   EXPECT_EQ(checkReportAddress("C:\\Site", "http://host/a b.xml"),

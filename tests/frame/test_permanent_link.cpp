@@ -17,7 +17,9 @@ TEST(UrlEncode, KeepsWhatNeedsNoCode) {
   EXPECT_EQ("", UrlEncode(""));
 }
 
-TEST(UrlEncode, TurnsABlankIntoPlus) { EXPECT_EQ("a+b", UrlEncode("a b")); }
+TEST(UrlEncode, TurnsABlankIntoPlus) {
+  EXPECT_EQ("a+b", UrlEncode("a b"));
+}
 
 TEST(UrlEncode, WritesOtherCharactersByTheirCode) {
   EXPECT_EQ("%E9", UrlEncode("é"));

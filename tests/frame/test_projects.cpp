@@ -25,12 +25,14 @@ std::string written(const ProjectList& list) {
   return text;
 }
 
-ProjectList three() { return {"All projects", {"A1", "B2", "C3"}}; }
+ProjectList three() {
+  return {"All projects", {"A1", "B2", "C3"}};
+}
 
 TEST(Projects, AreTheCodesOfAllManufacturers) {
   support::TempFolder folder;
-  const std::string file = folder.write(
-      "projects.xml", R"(<projects><Manufacturer name="M"><project code="A1" name="a"/>
+  const std::string file =
+      folder.write("projects.xml", R"(<projects><Manufacturer name="M"><project code="A1" name="a"/>
       <project name="without code"/><project code="B2"/></Manufacturer>
       <Manufacturer><project code="C3"/></Manufacturer><project code="stray"/></projects>)");
   EXPECT_EQ((std::vector<std::string>{"A1", "B2", "C3"}), projectCodes(file));

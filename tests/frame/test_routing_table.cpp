@@ -44,8 +44,7 @@ const Row everyRow[] = {
     {"UceDatas1", "OnDisplaySelect",
      "UceScreens1.EditCategoryName=a UceScreens1.EditScreenName=b UceScreens1.EditDataName=c "
      "-> screens"},
-    {"UceDatas1", "OnDIDSelect",
-     "UceDID1.DIDToBeSelected=a UceDID1.DataPosToBeSelected=b -> did"},
+    {"UceDatas1", "OnDIDSelect", "UceDID1.DIDToBeSelected=a UceDID1.DataPosToBeSelected=b -> did"},
     {"UceRequests1", "OnDataSelect", "UceDatas1.EditDataName=a -> datas"},
     {"UceRequests1", "OnDeviceSelect", "UceDevices1.EditDeviceName=a -> devices"},
     {"UceRequests1", "OnDisplaySelect",
@@ -123,9 +122,9 @@ TEST(PageTable, TabsStandInTheirOrderWithTheirPages) {
 TEST(PageTable, CaptionKeysFollowTheTabKeys) {
   for (const PageRow& row : pageTable()) {
     const bool translated = row.index >= 1 && row.index <= 8;
-    EXPECT_EQ(row.captionKey, translated ? "MAIN/CONTROLS/TabStripPrincipal/" +
-                                               std::string(row.key) + "/caption"
-                                         : "");
+    EXPECT_EQ(row.captionKey,
+              translated ? "MAIN/CONTROLS/TabStripPrincipal/" + std::string(row.key) + "/caption"
+                         : "");
   }
 }
 

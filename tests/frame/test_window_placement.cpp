@@ -31,8 +31,8 @@ TEST(PlaceWindow, GoesWhereItIsWanted) {
 TEST(PlaceWindow, RatioMustLieAboveAQuarterAndAtMostAtOne) {
   struct {
     double ratio, used;
-  } const rows[] = {{0.25, 0.5}, {0.2500001, 0.2500001}, {1.0, 1.0},
-                    {1.01, 0.5}, {0, 0.5},               {-1, 0.5}};
+  } const rows[] = {{0.25, 0.5}, {0.2500001, 0.2500001}, {1.0, 1.0}, {1.01, 0.5}, {0, 0.5},
+                    {-1, 0.5}};
   for (const auto& row : rows) {
     const Placement place = PlaceWindow(screen, workArea, row.ratio, row.ratio, 0, 0);
     EXPECT_EQ(place.width, static_cast<int>(row.used * 20000)) << row.ratio;

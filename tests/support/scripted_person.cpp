@@ -164,8 +164,7 @@ std::optional<std::string> ScriptedPerson::file(const FileQuestion& question) {
 
 void ScriptedPerson::expectInput(platform::InputQuestion question, std::string answer,
                                  std::function<void()> meanwhile) {
-  script_.emplace_back(
-      ExpectedInput{std::move(question), std::move(answer), std::move(meanwhile)});
+  script_.emplace_back(ExpectedInput{std::move(question), std::move(answer), std::move(meanwhile)});
 }
 
 std::string ScriptedPerson::input(const platform::InputQuestion& question) {

@@ -31,21 +31,20 @@ class Program {
                                                      QProcessEnvironment::systemEnvironment()) {
     process_.setProcessEnvironment(environment);
     process_.start(QStringLiteral(KELMAR_PROGRAM), arguments);
-    if (!process_.waitForStarted(patience))
-      throw std::runtime_error("kelmar does not start");
+    if (!process_.waitForStarted(patience)) throw std::runtime_error("kelmar does not start");
   }
   ~Program() {
-    if (process_.state() == QProcess::NotRunning)
-      return;
+    if (process_.state() == QProcess::NotRunning) return;
     process_.terminate();
-    if (!process_.waitForFinished(patience))
-      process_.kill();
+    if (!process_.waitForFinished(patience)) process_.kill();
     process_.waitForFinished(patience);
   }
 
   bool ended() { return !running() || process_.waitForFinished(patience); }
   bool running() { return process_.state() != QProcess::NotRunning; }
-  int exitCode() { return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1; }
+  int exitCode() {
+    return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
+  }
   std::string output() { return process_.readAllStandardOutput().toStdString(); }
   std::string errors() { return process_.readAllStandardError().toStdString(); }
 
@@ -60,8 +59,7 @@ inline QString xdotool(const QStringList& arguments) {
   // Meanwhile this process answers programs that ask it for its clipboard.
   const bool ended =
       support::waitUntil([&] { return tool.state() == QProcess::NotRunning; }, patience);
-  if (!ended || tool.error() == QProcess::FailedToStart || tool.exitCode() != 0)
-    return {};
+  if (!ended || tool.error() == QProcess::FailedToStart || tool.exitCode() != 0) return {};
   return QString::fromLocal8Bit(tool.readAllStandardOutput()).trimmed();
 }
 
@@ -100,7 +98,9 @@ inline void focus(const QString& window) {
   ASSERT_TRUE(support::waitUntil([&] { return xdotool({"getwindowfocus"}) == window; }, patience));
 }
 
-inline void press(const QString& key) { xdotool({"key", "--clearmodifiers", key}); }
+inline void press(const QString& key) {
+  xdotool({"key", "--clearmodifiers", key});
+}
 
 inline QProcessEnvironment environmentWithout(const QStringList& names) {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -61,8 +61,9 @@ void clickAt(const QString& window, QPoint point) {
 
 /// An ECU file that knows other data and requests than that of the engine.
 std::string brakes() {
-  return replaceAll(replaceAll(support::smallEcu("Brakes"), "\"Speed\"", "\"Débit &amp; pression\""), "\"Read\"",
-                    "\"Read brakes\"");
+  return replaceAll(
+      replaceAll(support::smallEcu("Brakes"), "\"Speed\"", "\"Débit &amp; pression\""), "\"Read\"",
+      "\"Read brakes\"");
 }
 
 bool fileHolds(const std::string& file, const std::string& request) {
@@ -95,7 +96,8 @@ TEST(ClipboardOfTwoPrograms, RequestsGoFromOneToTheOtherWithTheirData) {
   clickAt(second, places.firstRow);
   press("ctrl+v");
   press("ctrl+s");
-  EXPECT_TRUE(support::waitUntil([&] { return fileHolds(site.engine(), "Read brakes"); }, patience));
+  EXPECT_TRUE(
+      support::waitUntil([&] { return fileHolds(site.engine(), "Read brakes"); }, patience));
   OmnikorLibXml saved;
   saved.ImportUceFromXml(site.engine());
   const RequestItem* pasted = saved.ActiveTarget->Requests()->ItemName("Read brakes");

@@ -16,7 +16,8 @@ namespace {
 
 using namespace outside;
 
-/// An ECU whose only data is the reference of a request, belongs to a device and stands on a screen.
+/// An ECU whose only data is the reference of a request, belongs to a device and stands on a
+/// screen.
 constexpr char gearbox[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <xml xmlns:zem="http://www.omnikor.example/2002/ECU">
 <zem:Target Name="Engine" xmlns="http://www.omnikor.example/2002/ECU" xmlns:ds="http://www.omnikor.example/2002/screens">
@@ -89,13 +90,15 @@ std::unique_ptr<OmnikorLibXml> read(const std::string& file) {
 
 std::string datasText(const TargetItem& target) {
   std::vector<DataItem*> all;
-  for (DataItem* data : *target.datas()) all.push_back(data);
+  for (DataItem* data : *target.datas())
+    all.push_back(data);
   return copyDatasText(all).text;
 }
 
 std::string requestsText(const TargetItem& target) {
   RequestSelection all;
-  for (RequestItem* request : *target.Requests()) all.push_back(request);
+  for (RequestItem* request : *target.Requests())
+    all.push_back(request);
   bool broken = false;
   return copyRequestsText(all, broken);
 }
@@ -108,7 +111,8 @@ std::string usesText(const TargetItem& target, const std::string& data) {
     text += reference->parent->requestName;
   for (const OrganeItem* device : *target.Organes()) {
     text += "|" + device->organeName + ":" + device->requestName;
-    for (const DeviceDataItem* datum : *device->DeviceDatas) text += "," + datum->dataName;
+    for (const DeviceDataItem* datum : *device->DeviceDatas)
+      text += "," + datum->dataName;
   }
   const ScreenItem& screen = *target.Categories->Item(1)->Screens->Item(1);
   for (const DisplayItem* display : *screen.DisplayItems)
@@ -128,7 +132,9 @@ const DataPositionItem* positionIn(const TargetItem& target, const char* request
 }
 
 /// As a spreadsheet gives a text back: LF ends its lines.
-std::string fromSpreadsheet(const std::string& text) { return replaceAll(text, "\r\n", "\n"); }
+std::string fromSpreadsheet(const std::string& text) {
+  return replaceAll(text, "\r\n", "\n");
+}
 
 class DailyWork : public testing::Test {
  protected:
@@ -268,16 +274,16 @@ class DailyWork : public testing::Test {
     const auto now = read(file);
     ASSERT_TRUE(now);
     const TargetItem& target = *now->ActiveTarget;
-    EXPECT_EQ(datasText(target),
-              dataHeader + std::string("Oil level\t\t4\t0\t\t1\t0\t1\t\tNumeric\t\r\n") +
-                  leverText("Selector lever") + leverText("Pasted lever") +
-                  "Vehicle speed\t\t8\t0\tkm/h\t1\t0\t1\t\tNumeric\t\r\n");
-    EXPECT_EQ(requestsText(target), requestHeader + selectorText("Read selector", true) +
-                                        "Read speed\t0\t0\t2101\t0\t3\t0\t6101\t1\t1\t1\t1\t1\t\r\n" +
-                                        positionHeader +
-                                        "\tReceive\tVehicle speed\t3\t0\t0\t1\r\n" +
-                                        selectorText("Pasted selector", false) +
-                                        selectorText("Copy Read selector", false));
+    EXPECT_EQ(datasText(target), dataHeader +
+                                     std::string("Oil level\t\t4\t0\t\t1\t0\t1\t\tNumeric\t\r\n") +
+                                     leverText("Selector lever") + leverText("Pasted lever") +
+                                     "Vehicle speed\t\t8\t0\tkm/h\t1\t0\t1\t\tNumeric\t\r\n");
+    EXPECT_EQ(requestsText(target),
+              requestHeader + selectorText("Read selector", true) +
+                  "Read speed\t0\t0\t2101\t0\t3\t0\t6101\t1\t1\t1\t1\t1\t\r\n" + positionHeader +
+                  "\tReceive\tVehicle speed\t3\t0\t0\t1\r\n" +
+                  selectorText("Pasted selector", false) +
+                  selectorText("Copy Read selector", false));
     EXPECT_EQ(usesText(target, "Vehicle speed"),
               "Read speed|Speed sensor:Read,Vehicle speed|Vehicle speed,Read speed|"
               "Read speed");
@@ -382,8 +388,8 @@ TEST_F(DailyWork, ByMouseAndKeyboardFromAnOpenedFileToTheSameFileReopened) {
   click(listType);
   click(bits);
   retype("2");
-  for (const auto& [number, text] : {std::pair{"0", "Park"}, {"1", "Reverse"}, {"2", "Neutral"},
-                                     {"3", "Drive"}}) {
+  for (const auto& [number, text] :
+       {std::pair{"0", "Park"}, {"1", "Reverse"}, {"2", "Neutral"}, {"3", "Drive"}}) {
     click(value);
     retype(number);
     click(label);
@@ -444,9 +450,8 @@ TEST_F(DailyWork, ByMouseAndKeyboardFromAnOpenedFileToTheSameFileReopened) {
   click(outside);
   click(bit);
   click(reference);
-  saveNow("the reference", [](TargetItem& target) {
-    return positionIn(target, "Read lever", "Lever")->reference;
-  });
+  saveNow("the reference",
+          [](TargetItem& target) { return positionIn(target, "Read lever", "Lever")->reference; });
   EXPECT_FALSE(positionIn(*read(file)->ActiveTarget, "Read lever", "Oil level")->reference);
 
   // New names; whatever bore the old ones follows.
@@ -572,8 +577,8 @@ TEST_F(DailyWork, ByTheKeyboardAloneGivesTheSame) {
   times(toBits, "Tab");
   retype("2");
   times(toValue, "Tab");
-  for (const auto& [number, text] : {std::pair{"0", "Park"}, {"1", "Reverse"}, {"2", "Neutral"},
-                                     {"3", "Drive"}}) {
+  for (const auto& [number, text] :
+       {std::pair{"0", "Park"}, {"1", "Reverse"}, {"2", "Neutral"}, {"3", "Drive"}}) {
     retype(number);
     times(toLabel, "Tab");
     type(text);
@@ -623,9 +628,8 @@ TEST_F(DailyWork, ByTheKeyboardAloneGivesTheSame) {
   keys({"space"});
   times(toPlaced, "Tab");
   keys({"F9"});
-  saveNow("the reference", [](TargetItem& target) {
-    return positionIn(target, "Read lever", "Lever")->reference;
-  });
+  saveNow("the reference",
+          [](TargetItem& target) { return positionIn(target, "Read lever", "Lever")->reference; });
 
   // New names.
   times(toRequests, "ctrl+Prior");

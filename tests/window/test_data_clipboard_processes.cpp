@@ -87,8 +87,7 @@ class DataOfTwoPrograms : public testing::Test {
     return window;
   }
   static bool clipboardStartsWith(const char* text) {
-    return support::waitUntil([&] { return desktop::clipboardText().starts_with(text); },
-                              patience);
+    return support::waitUntil([&] { return desktop::clipboardText().starts_with(text); }, patience);
   }
   const DataItem* saved(OmnikorLibXml& database, const std::string& name) {
     database.ImportUceFromXml(site.engine());

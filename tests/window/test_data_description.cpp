@@ -109,11 +109,12 @@ TEST_F(DataDescription, NoScriptOfAPageRuns) {
 
 TEST_F(DataDescription, NothingIsFetchedFromTheNet) {
   HttpServer server;
-  for (const char* path : {"/a.png", "/b.css", "/c.png", "/d.htm"}) server.serve(path, "x");
+  for (const char* path : {"/a.png", "/b.css", "/c.png", "/d.htm"})
+    server.serve(path, "x");
   open("<html><head><link rel=\"stylesheet\" href=\"" + server.address("/b.css") +
        "\"><style>P { background-image: url(" + server.address("/c.png") +
-       ") }</style></head><P>text <img src=\"" + server.address("/a.png") + "\"></P><iframe src=\"" +
-       server.address("/d.htm") + "\"></iframe>");
+       ") }</style></head><P>text <img src=\"" + server.address("/a.png") +
+       "\"></P><iframe src=\"" + server.address("/d.htm") + "\"></iframe>");
   page().grab();
   EXPECT_FALSE(waitUntil([&] { return !server.requests().empty(); }, 300));
 }
@@ -171,8 +172,10 @@ TEST_F(DataDescription, RichTextThatIsBrokenOffFallsBackToItsText) {
 TEST_F(DataDescription, ColoursOfTheTextStandOnWhitePaperInADarkPalette) {
   const QPalette before = QApplication::palette();
   QPalette dark = before;
-  for (const auto role : {QPalette::Base, QPalette::Window}) dark.setColor(role, QColor(30, 30, 30));
-  for (const auto role : {QPalette::Text, QPalette::WindowText}) dark.setColor(role, Qt::white);
+  for (const auto role : {QPalette::Base, QPalette::Window})
+    dark.setColor(role, QColor(30, 30, 30));
+  for (const auto role : {QPalette::Text, QPalette::WindowText})
+    dark.setColor(role, Qt::white);
   QApplication::setPalette(dark);
   open("{\\rtf1{\\colortbl;\\red0\\green0\\blue0;}\\cf1 black}");
   EXPECT_EQ(text().palette().color(QPalette::Base), QColor(Qt::white));
@@ -185,7 +188,8 @@ TEST_F(DataDescription, ColoursOfTheTextStandOnWhitePaperInADarkPalette) {
 
 TEST_F(DataDescription, AVeryLongTextOpens) {
   std::string fiche;
-  for (int i = 0; i < 2000; ++i) fiche += "<P>Paragraph " + std::to_string(i) + "</P>";
+  for (int i = 0; i < 2000; ++i)
+    fiche += "<P>Paragraph " + std::to_string(i) + "</P>";
   open(fiche);
   EXPECT_TRUE(page().toPlainText().contains("Paragraph 1999"));
 }

@@ -53,7 +53,8 @@ std::set<HelpAddress> askedByTheCode() {
         continue;
       }
       EXPECT_GE(texts.size(), 2u) << entry.path() << ": which place is help(" << call;
-      for (std::size_t i = 1; i < texts.size(); ++i) asked.insert({texts[0], texts[i]});
+      for (std::size_t i = 1; i < texts.size(); ++i)
+        asked.insert({texts[0], texts[i]});
     }
   }
   return asked;
@@ -103,8 +104,8 @@ TEST(HelpPages, LinksBetweenThemLeadSomewhere) {
   for (const auto& entry : fs::recursive_directory_iterator(KELMAR_SITE "/doc/kelmar")) {
     if (entry.path().extension() != ".htm") continue;
     const std::string page = support::bytesOf(entry.path().string());
-    for (auto at = std::sregex_iterator(page.begin(), page.end(), link); at != std::sregex_iterator();
-         ++at) {
+    for (auto at = std::sregex_iterator(page.begin(), page.end(), link);
+         at != std::sregex_iterator(); ++at) {
       const std::string target = (*at)[1], anchor = (*at)[3];
       const fs::path file = target.empty() ? entry.path() : entry.path().parent_path() / target;
       ASSERT_TRUE(fs::exists(file)) << entry.path() << ": " << at->str();

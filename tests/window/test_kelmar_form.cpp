@@ -66,8 +66,7 @@ class Form : public testing::Test {
   std::string caption() { return form->windowTitle().toStdString(); }
   QAction& action(const char* name) {
     QAction* found = form->findChild<QAction*>(QLatin1String(name));
-    if (!found)
-      throw std::runtime_error(std::string("there is no menu entry ") + name);
+    if (!found) throw std::runtime_error(std::string("there is no menu entry ") + name);
     return *found;
   }
   /// Path of the data root as it stands in addresses.
@@ -262,8 +261,8 @@ TEST_F(Form, CalculatorIsStartedAndItsFailureIsIgnored) {
 TEST_F(Form, AboutTellsVersionAndCopyright) {
   run();
   person.expect("GENERIC/about/text", "Omnikor Kelmar",
-                std::string("Version: ") + applicationVersion + "\r\n\r\nCopyright: " +
-                    applicationCopyright,
+                std::string("Version: ") + applicationVersion +
+                    "\r\n\r\nCopyright: " + applicationCopyright,
                 platform::Buttons::Ok, platform::Icon::None, platform::Answer::Ok);
   action("mnuHelpAbout").trigger();
 }
@@ -272,8 +271,8 @@ TEST_F(Form, AboutSpeaksTheLanguageOfTheWindow) {
   start.language = "fr";
   run();
   person.expect("GENERIC/about/text", "À propos de Kelmar",
-                std::string("Version : ") + applicationVersion + "\r\n\r\nDroits : " +
-                    applicationCopyright,
+                std::string("Version : ") + applicationVersion +
+                    "\r\n\r\nDroits : " + applicationCopyright,
                 platform::Buttons::Ok, platform::Icon::None, platform::Answer::Ok);
   action("mnuHelpAbout").trigger();
 }
@@ -412,8 +411,7 @@ TEST_F(Form, TextsCanBeReadOnADarkGround) {
   QCoreApplication::processEvents();
   int seen = 0;
   for (const QWidget* control : form->findChildren<QWidget*>()) {
-    if (!control->isVisible() || !control->isEnabled())
-      continue;
+    if (!control->isVisible() || !control->isEnabled()) continue;
     const QPalette& palette = control->palette();
     EXPECT_GT(std::abs(brightness(palette.color(control->foregroundRole())) -
                        brightness(palette.color(control->backgroundRole()))),

@@ -3,10 +3,10 @@
 //
 // The language files hold the texts of the controls as the window shows them, text by text. What
 // the code says in messages is compared by tools/language_keys.py.
+#include "app/pages.h"
 #include "desktop/control_adapter.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
-#include "app/pages.h"
 #include "frame/kelmar_form.h"
 #include "support/machine_doubles.h"
 #include "support/scripted_person.h"
@@ -132,8 +132,7 @@ class LanguageFiles : public testing::Test {
     start.site = root;
     start.language = languageCode;
     siteSettings = std::make_unique<platform::SiteSettings>(start);
-    const KelmarForm::Machine machine{person,        settings, processes,
-                                      *siteSettings, nullptr,  &clock};
+    const KelmarForm::Machine machine{person, settings, processes, *siteSettings, nullptr, &clock};
     form = std::make_unique<KelmarForm>(machine, KelmarForm::Program{"/opt/kelmar", {}},
                                         pageMakers(machine));
     form->start({});
@@ -148,10 +147,12 @@ class LanguageFiles : public testing::Test {
   }
 
   void collectPage(QObject& page, Texts& found) {
-    const auto row = std::find_if(std::begin(pageTexts), std::end(pageTexts), [&](const PageTexts& texts) {
-      return page.objectName() == QLatin1String(texts.page);
-    });
-    ASSERT_NE(row, std::end(pageTexts)) << "where are the texts of " << u8(page.objectName()) << "?";
+    const auto row =
+        std::find_if(std::begin(pageTexts), std::end(pageTexts), [&](const PageTexts& texts) {
+          return page.objectName() == QLatin1String(texts.page);
+        });
+    ASSERT_NE(row, std::end(pageTexts))
+        << "where are the texts of " << u8(page.objectName()) << "?";
     collectBelow(page, *row, found);
   }
 
@@ -160,7 +161,8 @@ class LanguageFiles : public testing::Test {
       if (!child->isWidgetType() && !qobject_cast<QAction*>(child)) continue;
       const QString name = child->objectName();
       const bool isControl = !name.isEmpty() && !name.startsWith(QLatin1String("qt_")) &&
-                             !desktop::typeNameOf(*child).empty() && !toolBarActions.contains(child);
+                             !desktop::typeNameOf(*child).empty() &&
+                             !toolBarActions.contains(child);
       if (isControl && *page.key) {
         for (const ControlText& text : language::controlTexts(desktop::ControlAdapter(*child))) {
           const std::string key = std::string(page.key) + "/" + text.path;
@@ -182,12 +184,14 @@ class LanguageFiles : public testing::Test {
     std::map<std::pair<std::string, std::string>, std::string> found;
     for (const PageTexts& page : pageTexts) {
       xml::Document file;
-      EXPECT_TRUE(file.load(std::string(KELMAR_SITE) + "/lang/" + page.file)) << file.parseError().reason;
+      EXPECT_TRUE(file.load(std::string(KELMAR_SITE) + "/lang/" + page.file))
+          << file.parseError().reason;
       if (!*page.key) continue;
       for (const xml::Node leaf : file.selectNodes("/software/" + std::string(page.key) +
                                                    "//*[@xml:lang='" + languageCode + "']")) {
         std::string key;
-        for (xml::Node step = leaf; std::string_view(step.name()) != "software"; step = step.parent())
+        for (xml::Node step = leaf; std::string_view(step.name()) != "software";
+             step = step.parent())
           key = step.name() + (key.empty() ? "" : "/" + key);
         found[{page.file, key}] = CMultiLangEx::ExpandCodes(xml::textOf(leaf));
       }
@@ -205,8 +209,8 @@ class LanguageFiles : public testing::Test {
   std::set<const QObject*> toolBarActions;
 };
 
-/// Keys that the code names itself, too, such as those of tabs that are not there yet or of menus that
-/// are made when they open. tools/language_keys.py looks after them.
+/// Keys that the code names itself, too, such as those of tabs that are not there yet or of menus
+/// that are made when they open. tools/language_keys.py looks after them.
 class NamedInCode {
  public:
   NamedInCode() {
@@ -217,7 +221,8 @@ class NamedInCode {
   bool contains(const std::string& key) const {
     // Of the entries of a menu array, the code names the array.
     if (const std::size_t item = key.rfind("/item"); item != std::string::npos)
-      return contains(key.substr(key.rfind('/', item - 1) + 1, item - key.rfind('/', item - 1) - 1));
+      return contains(
+          key.substr(key.rfind('/', item - 1) + 1, item - key.rfind('/', item - 1) - 1));
     return code_.find('"' + key + '"') != std::string::npos;
   }
 

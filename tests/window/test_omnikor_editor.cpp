@@ -67,8 +67,7 @@ class Editor : public testing::Test {
   }
   int indexOf(const std::string& tab) {
     for (int i = 0; i < tabBar->count(); ++i)
-      if (tabBar->tabData(i).toString().toStdString() == tab)
-        return i;
+      if (tabBar->tabData(i).toString().toStdString() == tab) return i;
     return -1;
   }
   void click(const std::string& tab) {
@@ -82,8 +81,7 @@ class Editor : public testing::Test {
   std::string visiblePages() {
     std::string names;
     for (QWidget* page : editor->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-      if (page != tabBar && page->isVisible())
-        names += page->objectName().toStdString() + " ";
+      if (page != tabBar && page->isVisible()) names += page->objectName().toStdString() + " ";
     return names;
   }
   std::string nameOfEcu() { return editor->selector().database()->ActiveTarget->name(); }
@@ -162,11 +160,10 @@ TEST_F(Editor, WorkingDirIgnoresWhatIsWritten) {
 TEST_F(Editor, InitParametersInitialisesThePagesInTheirOrder) {
   make(everyTab, false);
   editor->InitParameters(site.root(), "parameters.xml");
-  EXPECT_EQ(recorder.take(),
-            (Events{"UceEditParam1.InitControl", "UceDatas1.InitControl",
-                    "UceRequests1.InitControl", "UceDevices1.InitControl",
-                    "UceReadDtc1.InitControl", "UceDID1.InitControl", "UceScreens1.InitControl",
-                    "UceLabels1.InitControl"}));
+  EXPECT_EQ(recorder.take(), (Events{"UceEditParam1.InitControl", "UceDatas1.InitControl",
+                                     "UceRequests1.InitControl", "UceDevices1.InitControl",
+                                     "UceReadDtc1.InitControl", "UceDID1.InitControl",
+                                     "UceScreens1.InitControl", "UceLabels1.InitControl"}));
 }
 
 TEST_F(Editor, LanguageServiceStandsBeforeThePagesAreInitialised) {

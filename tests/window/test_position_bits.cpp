@@ -4,7 +4,6 @@
 // The byte view on the page of requests: bits by mouse and by keyboard, and data made on them.
 #include "window/uce_requests_fixture.h"
 
-
 namespace kelmar {
 namespace {
 
@@ -59,7 +58,8 @@ TEST_F(PositionBits, AClickFindsLittleEndianDataFromTheRight) {
 TEST_F(PositionBits, TheKeyboardDoesWhatTheMouseDoes) {
   view().setFocus();
   QTest::keyClick(&view(), Qt::Key_Home);
-  for (int i = 0; i < 2; ++i) QTest::keyClick(&view(), Qt::Key_Down); // byte 3
+  for (int i = 0; i < 2; ++i)
+    QTest::keyClick(&view(), Qt::Key_Down); // byte 3
   QTest::keyClick(&view(), Qt::Key_Space);
   EXPECT_EQ(selectedDatas(), "Wide|Speed");
   QTest::keyClick(&view(), Qt::Key_End);
@@ -98,17 +98,16 @@ TEST_F(PositionBits, EveryEntryMakesItsKindOfData) {
     int bits;
     bool numeric, ascii;
   };
-  const Row rows[] = {
-      {"ppCDnumericBit", 8, "REQUESTS/MSG/graphView/createdataNumeric/text",
-       "Enter name for numeric data", 12, true, false},
-      {"ppCDnumericBit", 10, "REQUESTS/MSG/graphView/createdataNumeric/text",
-       "Enter name for numeric data", 24, true, false},
-      {"ppCDnumericList", 0, "REQUESTS/MSG/graphView/createdataNumericList/text",
-       "Enter name for numeric list data", 1, true, false},
-      {"ppCDhexaBytes", 2, "REQUESTS/MSG/graphView/createdataHexa/text",
-       "Enter name for hexa data", 24, false, false},
-      {"ppCDasciiBytes", 7, "REQUESTS/MSG/graphView/createdataAscii/text",
-       "Enter name for ascii data", 64, false, true}};
+  const Row rows[] = {{"ppCDnumericBit", 8, "REQUESTS/MSG/graphView/createdataNumeric/text",
+                       "Enter name for numeric data", 12, true, false},
+                      {"ppCDnumericBit", 10, "REQUESTS/MSG/graphView/createdataNumeric/text",
+                       "Enter name for numeric data", 24, true, false},
+                      {"ppCDnumericList", 0, "REQUESTS/MSG/graphView/createdataNumericList/text",
+                       "Enter name for numeric list data", 1, true, false},
+                      {"ppCDhexaBytes", 2, "REQUESTS/MSG/graphView/createdataHexa/text",
+                       "Enter name for hexa data", 24, false, false},
+                      {"ppCDasciiBytes", 7, "REQUESTS/MSG/graphView/createdataAscii/text",
+                       "Enter name for ascii data", 64, false, true}};
   int made = 0;
   for (const Row& row : rows) {
     const std::string name = "Made " + std::to_string(++made);

@@ -40,8 +40,8 @@ TEST_F(PositionPaneOfRequests, TheFirstRowByByteAndBitIsChosen) {
 }
 
 TEST_F(PositionPaneOfRequests, ColumnsBearTheirCaptions) {
-  const char* captions[] = {"Data name", "Start byte", "Offset bit", "Numbers bits", "Ref",
-                            "Device"};
+  const char* captions[] = {"Data name",    "Start byte", "Offset bit",
+                            "Numbers bits", "Ref",        "Device"};
   for (int column = 0; column < 6; ++column)
     EXPECT_EQ(u8(placed().rows().headerData(column, Qt::Horizontal).toString()), captions[column]);
 }
@@ -207,7 +207,8 @@ TEST_F(PositionPaneOfRequests, OfTwoDataOnOneBitTheBitsOfTheChosenOneAreMarkedAn
   const auto isChosen = [this](const DisplayRespData& shown) {
     return shown.Name == "Level" ? shown.Selected && shown.LittleEndian : !shown.Selected;
   };
-  for (const DisplayRespData* shown : *view().datas()) EXPECT_TRUE(isChosen(*shown)) << shown->Name;
+  for (const DisplayRespData* shown : *view().datas())
+    EXPECT_TRUE(isChosen(*shown)) << shown->Name;
   retype(numberText("ValStartBit"), "4");
   for (const DisplayRespData* shown : *view().datas())
     EXPECT_EQ(shown->OffsetBit, shown->Name == "Speed" ? 2 : 4) << shown->Name;
@@ -360,8 +361,8 @@ TEST_F(PositionPaneOfRequests, TheNameOfTheChosenRowLeadsBackToIt) {
 TEST_F(PositionPaneOfRequests, WithoutANameNothingIsAdded) {
   clickRow(list(), 2); // no data is placed there
   names().setCurrentIndex(-1);
-  person.expect("REQUESTS/MSG/CBadd_Click/userError/text", "User error",
-                "Choose the new data name", Buttons::Ok, Icon::Critical, Answer::Ok);
+  person.expect("REQUESTS/MSG/CBadd_Click/userError/text", "User error", "Choose the new data name",
+                Buttons::Ok, Icon::Critical, Answer::Ok);
   click(adding());
   EXPECT_FALSE(the("Session").DataPositions && the("Session").DataPositions->Count() > 0);
 }
@@ -583,14 +584,14 @@ TEST_F(PositionPaneOfRequests, PasteOfUnknownDataFillsTheNamesToo) {
 TEST_F(PositionPaneOfRequests, WhatAPasteCouldNotAddIsToldBesideTheRowsThatItAdded) {
   const std::string tooLong(71, 'x');
   setClipboardText("Level\t4\r\n" + tooLong + "\r\n");
-  person.expect({"REQUESTS/MSG/warning/text", "Warning",
-                 "Data name '" + tooLong +
-                     "' is too long (up to 70 characters). Data not added.\r\n",
-                 Buttons::Ok, Icon::Exclamation},
-                Answer::Ok, [this] {
-                  EXPECT_EQ(placed().rows().rowCount(), 3);
-                  EXPECT_EQ(recorder.take().size(), 1u) << "the box alone, nothing is saved yet";
-                });
+  person.expect(
+      {"REQUESTS/MSG/warning/text", "Warning",
+       "Data name '" + tooLong + "' is too long (up to 70 characters). Data not added.\r\n",
+       Buttons::Ok, Icon::Exclamation},
+      Answer::Ok, [this] {
+        EXPECT_EQ(placed().rows().rowCount(), 3);
+        EXPECT_EQ(recorder.take().size(), 1u) << "the box alone, nothing is saved yet";
+      });
   key("paste", "TBPosData");
   EXPECT_EQ(recorder.take(), saved);
 }
@@ -662,8 +663,8 @@ TEST_F(PositionPaneOfRequests, ReplaceTakesADataOfTheMenuOrANewOne) {
 TEST_F(PositionPaneOfRequests, GotoLeadsToTheDataOfTheRow) {
   QMenu& menu = openDataMenu();
   EXPECT_EQ(u8(menu.findChild<QAction*>("ppDataGoto")->text()), "Goto data : Wide");
-  for (const char* entry : {"ppDataGotoDev", "ppDataGotoScr", "ppDataAssociateDevice",
-                            "ppCDcopyDataToScreens"})
+  for (const char* entry :
+       {"ppDataGotoDev", "ppDataGotoScr", "ppDataAssociateDevice", "ppCDcopyDataToScreens"})
     EXPECT_FALSE(menu.findChild<QAction*>(entry)) << entry << " comes with its page";
   choose(menu, "ppDataGoto");
   EXPECT_EQ(recorder.take(), (Events{"UceRequests1.OnDataSelect(Wide)"}));

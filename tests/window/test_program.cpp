@@ -19,8 +19,8 @@ TEST(Program, HelpAndVersionNeedNoDisplay) {
   Program version({"--version"}, bare);
   ASSERT_TRUE(version.ended());
   EXPECT_EQ(version.exitCode(), 0);
-  EXPECT_EQ(version.output(), std::string("kelmar ") + applicationVersion + "\n" +
-                                  applicationCopyright + "\n");
+  EXPECT_EQ(version.output(),
+            std::string("kelmar ") + applicationVersion + "\n" + applicationCopyright + "\n");
 }
 
 TEST(Program, WrongOptionEndsWithTwo) {
@@ -108,19 +108,20 @@ TEST(Program, FurtherInstanceStandsSixteenPixelsAway) {
   focus(first);
   press("alt+f"); // opens the menu on its first entry
   press("Return");
-  ASSERT_TRUE(support::waitUntil([&] { return windowsWith(captionOfNothing).size() == 2; },
-                                 patience));
+  ASSERT_TRUE(
+      support::waitUntil([&] { return windowsWith(captionOfNothing).size() == 2; }, patience));
   QStringList both = windowsWith(captionOfNothing);
   both.removeAll(first);
   ASSERT_EQ(both.size(), 1);
   const QString second = both.front();
-  EXPECT_TRUE(support::waitUntil([&] { return placeOf(second) - placeOf(first) == QPoint(16, 16); }))
-      << placeOf(first).x() << "," << placeOf(first).y() << " and " << placeOf(second).x() << ","
-      << placeOf(second).y();
+  EXPECT_TRUE(support::waitUntil([&] {
+    return placeOf(second) - placeOf(first) == QPoint(16, 16);
+  })) << placeOf(first).x()
+      << "," << placeOf(first).y() << " and " << placeOf(second).x() << "," << placeOf(second).y();
   focus(second);
   press("ctrl+q");
-  EXPECT_TRUE(support::waitUntil([&] { return windowsWith(captionOfNothing).size() == 1; },
-                                 patience));
+  EXPECT_TRUE(
+      support::waitUntil([&] { return windowsWith(captionOfNothing).size() == 1; }, patience));
   EXPECT_TRUE(program.running());
 }
 

@@ -73,8 +73,8 @@ TEST_F(UceDatasPage, TextsOfAnyLengthComeBackWhole) {
   showAgain();
   press(usable<QCheckBox>(*page, "CheckSigne"), Qt::Key_Space);
   key("valid");
-  for (const std::string& kept : {the("Level").Mnemo, the("Level").Unite, the("Level").DataFormat,
-                                  the("Level").Description})
+  for (const std::string& kept :
+       {the("Level").Mnemo, the("Level").Unite, the("Level").DataFormat, the("Level").Description})
     EXPECT_EQ(kept.size(), text.size());
 }
 
@@ -381,7 +381,8 @@ TEST_F(UceDatasPage, FaultsStayReadableInADarkPalette) {
   QPalette dark = page->palette();
   for (const auto role : {QPalette::Base, QPalette::Window})
     dark.setColor(role, QColor(30, 30, 30));
-  for (const auto role : {QPalette::Text, QPalette::WindowText}) dark.setColor(role, Qt::white);
+  for (const auto role : {QPalette::Text, QPalette::WindowText})
+    dark.setColor(role, Qt::white);
   page->setPalette(dark);
   const QColor red = control<QLabel>(*page, "labCoefC").palette().color(QPalette::WindowText);
   EXPECT_EQ(red, readableOn(dark, QColor(255, 0, 0)));
@@ -451,16 +452,18 @@ TEST_F(UceDatasPage, WithoutDataTheFieldsAreEmptyAndTheCommandsAsleep) {
   EXPECT_EQ(field("TextCoeffA").text(), "");
   for (const char* name : {"cancel", "valid", "save", "rename", "find", "cut", "copy"})
     EXPECT_FALSE(isUsable(name)) << name;
-  for (const char* name : {"add", "paste", "help"}) EXPECT_TRUE(isUsable(name)) << name;
+  for (const char* name : {"add", "paste", "help"})
+    EXPECT_TRUE(isUsable(name)) << name;
   database.ActiveTarget = nullptr;
   page->displayDatas(database, "");
-  for (const char* name : {"add", "paste"}) EXPECT_FALSE(isUsable(name)) << name;
+  for (const char* name : {"add", "paste"})
+    EXPECT_FALSE(isUsable(name)) << name;
 }
 
 TEST_F(UceDatasPage, EveryFieldSaysWhatItIs) {
-  for (const char* name : {"TextMnemo", "TextDescription", "TextUnite", "TextFormat", "TextCoeffA",
-                           "TextCoeffB", "TextCoeffC", "NumericNumberBits", "ListeNumberBits",
-                           "NotNumericNumberBytes"}) {
+  for (const char* name :
+       {"TextMnemo", "TextDescription", "TextUnite", "TextFormat", "TextCoeffA", "TextCoeffB",
+        "TextCoeffC", "NumericNumberBits", "ListeNumberBits", "NotNumericNumberBytes"}) {
     const QWidget& named = controlNamed(*page, QLatin1String(name));
     bool labelled = false;
     for (const QLabel* label : page->findChildren<QLabel*>())

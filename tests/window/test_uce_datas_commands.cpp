@@ -186,7 +186,8 @@ TEST_F(UceDatasPage, WhatIsTypedForADataThatStaysIsAskedForAndForOneThatGoesIsNo
 }
 
 TEST_F(UceDatasPage, BetweenTwoAnswersTheWindowStillShowsTheDeletedData) {
-  for (const char* name : {"Level", "Speed"}) place("Read " + std::string(name), name);
+  for (const char* name : {"Level", "Speed"})
+    place("Read " + std::string(name), name);
   press(list(), Qt::Key_A, Qt::ControlModifier);
   const auto ask = [&](const std::string& name) {
     person.expect({"DATAS/MSG/CutData/deleteUsedData/text", "Confirm delete",
@@ -242,8 +243,7 @@ TEST_F(UceDatasPage, TheErrorsAreOnTheClipboardWhenTheWarningLeadsThere) {
                  "Error when importing data, paste the clipboard to Excel\r\nData name '" +
                      tooLong + "' too long, up to 70 characters.\r\n",
                  Buttons::Ok, Icon::Exclamation},
-                Answer::Ok,
-                [] { EXPECT_TRUE(desktop::clipboardText().starts_with("'aaa")); });
+                Answer::Ok, [] { EXPECT_TRUE(desktop::clipboardText().starts_with("'aaa")); });
   key("paste");
 }
 
@@ -326,8 +326,10 @@ TEST_F(UceDatasPage, SelectionCommandsSelectByTypeAndUse) {
   place("Again", "Level");
   showAgain();
   const std::pair<const char*, const char*> rows[] = {
-      {"popupSelectDataNumeric", "Level,Speed,"}, {"popupSelectDataNumericList", "State,"},
-      {"popupSelectDataASCII", "Text,"},          {"popupSelectDataHEXA", "Bytes,"},
+      {"popupSelectDataNumeric", "Level,Speed,"},
+      {"popupSelectDataNumericList", "State,"},
+      {"popupSelectDataASCII", "Text,"},
+      {"popupSelectDataHEXA", "Bytes,"},
       {"popupRefSelectUnused", "Speed,State,Text,"}};
   for (const auto& [command, selected] : rows) {
     choose(command);
@@ -365,9 +367,8 @@ TEST_F(UceDatasPage, ADeclinedNameCommandChangesNothing) {
                 "name ?",
                 Buttons::YesNo, Icon::Question, Answer::No);
   choose("popupRefNormalize");
-  person.expectInput({"DATAS/MSG/popupRefReplace_Click/inputSearch/text", "Rename data:",
-                      "Find what:", ""},
-                     "");
+  person.expectInput(
+      {"DATAS/MSG/popupRefReplace_Click/inputSearch/text", "Rename data:", "Find what:", ""}, "");
   choose("popupRefReplace");
   EXPECT_EQ(names(), "Level,Speed,State,");
 }

@@ -153,9 +153,9 @@ TEST_F(UceEditParamPage, EveryFieldChangeIsTold) {
 TEST_F(UceEditParamPage, EveryFieldChangeOfThePanelsIsTold) {
   type(field("KW2"), "1");
   EXPECT_EQ(changes(), 1u);
-  for (const char* name : {"BaudRate", "ErrorDelay", "FirstRequest", "InterByte", "KW2",
-                           "KW2Timeout", "ReplyToRequest", "RequestToReplyTimeout",
-                           "TesterPresent"}) {
+  for (const char* name :
+       {"BaudRate", "ErrorDelay", "FirstRequest", "InterByte", "KW2", "KW2Timeout",
+        "ReplyToRequest", "RequestToReplyTimeout", "TesterPresent"}) {
     click(usable<QCheckBox>(*page, QStringLiteral("Check") + QLatin1String(name)));
     EXPECT_EQ(changes(), 1u) << name;
     type(control<QLineEdit>(*page, QStringLiteral("Text") + QLatin1String(name)), "1");
@@ -181,8 +181,8 @@ TEST_F(UceEditParamPage, PanelsFollowTheProtocol) {
   const auto shown = [&] {
     std::string names;
     for (const char* name :
-         {"FrCan", "FrCanBaud", "FrIP", "Timing", "UceAutoIdents1", "Frame1", "CheckCGW", "LabelCGW",
-          "CheckCGWIP", "LabelCGWIP", "LbMaxDataLangthCANFD", "ComboMaxDataLangthCANFD",
+         {"FrCan", "FrCanBaud", "FrIP", "Timing", "UceAutoIdents1", "Frame1", "CheckCGW",
+          "LabelCGW", "CheckCGWIP", "LabelCGWIP", "LbMaxDataLangthCANFD", "ComboMaxDataLangthCANFD",
           "LbBytesCANFD", "LbBaudRateCANFD"})
       if (controlNamed(*page, name).isVisible()) names += std::string(name) + " ";
     return names;
@@ -207,9 +207,9 @@ TEST_F(UceEditParamPage, PanelsFollowTheProtocol) {
 }
 
 TEST_F(UceEditParamPage, DefaultsAreLockedUntilTheirBoxIsChecked) {
-  for (const char* name : {"BaudRate", "ErrorDelay", "FirstRequest", "InterByte", "KW2",
-                           "KW2Timeout", "ReplyToRequest", "RequestToReplyTimeout",
-                           "TesterPresent"}) {
+  for (const char* name :
+       {"BaudRate", "ErrorDelay", "FirstRequest", "InterByte", "KW2", "KW2Timeout",
+        "ReplyToRequest", "RequestToReplyTimeout", "TesterPresent"}) {
     QCheckBox& check = usable<QCheckBox>(*page, QStringLiteral("Check") + QLatin1String(name));
     QLineEdit& number = control<QLineEdit>(*page, QStringLiteral("Text") + QLatin1String(name));
     EXPECT_EQ(u8(check.toolTip()), "Check the box to change the default value");
@@ -585,9 +585,12 @@ TEST_F(UceEditParamPage, TheCalendarOpensNowWhereThereIsNoDate) {
   showAgain();
   QStyleOptionComboBox option;
   option.initFrom(&date());
-  QTest::mouseClick(&date(), Qt::LeftButton, {},
-                    date().style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                   QStyle::SC_ComboBoxArrow, &date()).center());
+  QTest::mouseClick(
+      &date(), Qt::LeftButton, {},
+      date()
+          .style()
+          ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &date())
+          .center());
   QCalendarWidget& calendar = *date().calendarWidget();
   ASSERT_TRUE(waitUntil([&] { return calendar.isVisible(); }));
   EXPECT_GE(calendar.yearShown(), QDate::currentDate().year() - 1);

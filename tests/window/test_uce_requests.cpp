@@ -168,7 +168,8 @@ TEST_F(UceRequestsPage, AnotherRowAsksFirst) {
 }
 
 TEST_F(UceRequestsPage, AYesToTheQuestionOfAClickBuildsTheListAnewAtItsPlace) {
-  for (int i = 0; i < 200; ++i) add("Filler " + std::to_string(i), "3E00", "");
+  for (int i = 0; i < 200; ++i)
+    add("Filler " + std::to_string(i), "3E00", "");
   enterAgain();
   clickRow(list(), 150);
   retype(field("TextReqBytes"), "3E01");
@@ -328,7 +329,8 @@ TEST_F(UceRequestsPage, WithoutRequestsTheFieldsAreEmptyAndTheCommandsAsleep) {
   EXPECT_EQ(view().NumberBytes(), 0);
   for (const char* name : {"cancel", "valid", "save", "rename", "cut", "copy"})
     EXPECT_FALSE(isUsable(name)) << name;
-  for (const char* name : {"new", "paste", "help"}) EXPECT_TRUE(isUsable(name)) << name;
+  for (const char* name : {"new", "paste", "help"})
+    EXPECT_TRUE(isUsable(name)) << name;
   for (const char* name : {"cancel", "save", "cut", "copy", "paste", "ref", "unref"})
     EXPECT_FALSE(isUsable(name, "TBPosData")) << name;
   keepPicture(*page, "uce_requests_empty");
@@ -376,9 +378,11 @@ TEST_F(UceRequestsPage, TheTabulatorGoesFromTheListThroughTheFieldsToThePlacedDa
   for (int steps = 0; steps < 60; ++steps) {
     QTest::keyClick(page->focusWidget(), Qt::Key_Tab);
     const QWidget* at = page->focusWidget();
-    while (at && at->objectName().isEmpty()) at = at->parentWidget();
+    while (at && at->objectName().isEmpty())
+      at = at->parentWidget();
     if (at && at->objectName() == "TextNum")
-      while (at && !qobject_cast<const ZEMnumeric*>(at)) at = at->parentWidget();
+      while (at && !qobject_cast<const ZEMnumeric*>(at))
+        at = at->parentWidget();
     const std::string name = at ? u8(at->objectName()) : "?";
     if (qobject_cast<const QToolButton*>(at)) continue;
     if (name == "LVrequests") break;

@@ -59,8 +59,7 @@ TEST_F(UceRequestsFiles, TheFieldIsWrittenNotTheItemAndABadOneIsNot) {
   EXPECT_FALSE(std::filesystem::exists(folder.file("bad.hex")));
   retype(field("TextReqBytes"), "3E00");
   writes(folder.file("good.hex"));
-  EXPECT_EQ(bytesOf(folder.file("good.hex")),
-            ":020000040000FA\r\n:020000003E00C0\r\n:00000001FF");
+  EXPECT_EQ(bytesOf(folder.file("good.hex")), ":020000040000FA\r\n:020000003E00C0\r\n:00000001FF");
 }
 
 TEST_F(UceRequestsFiles, AnImportIsMarkedWhileNoRowIsSelected) {
@@ -106,9 +105,9 @@ TEST_F(UceRequestsFiles, TheScenarioOfTheSelectionGoesIntoTheChosenFolder) {
   clickRow(list(), 2, 0, Qt::ControlModifier);
   const std::string file = folder.file("ECU_Base_Test.xml");
   const auto asksForFolder = [&](const std::string& proposal) {
-    person.expectFile({FileQuestion::Kind::Folder, "Select folder to save RVT scenario", "", "",
-                       proposal},
-                      folder.path().string());
+    person.expectFile(
+        {FileQuestion::Kind::Folder, "Select folder to save RVT scenario", "", "", proposal},
+        folder.path().string());
   };
   asksForFolder("");
   person.expect("", "Kelmar", "RVT scenario file has been saved in:\r\n" + file + "\r\n",

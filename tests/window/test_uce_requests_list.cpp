@@ -106,10 +106,11 @@ TEST_F(UceRequestsList, ANameCommandTakesBoldAndToolTipAndLeavesTheColour) {
   the("Write").requestName = "Write  it";
   enterAgain();
   selectRows({0, 1, 2});
-  expectYesNo("REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
-              "Normalize space suppress white spaces at the start and end of the data name and "
-              "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
-              Answer::Yes);
+  expectYesNo(
+      "REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
+      "Normalize space suppress white spaces at the start and end of the data name and "
+      "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
+      Answer::Yes);
   chooseForRequest("PopupReqNormalize");
   expectYesNo("REQUESTS/MSG/PopupRequcase_Click/text", "User confirm", "Convert name to uppercase?",
               Answer::Yes);
@@ -329,10 +330,11 @@ TEST_F(UceRequestsList, NormalisingSaysTheTextsCrosswiseAndMarksTheRowBlue) {
   EXPECT_EQ(recorder.take(),
             (Events{"box Information: The reply template is OK. No change applied to the database.",
                     "UceRequests1.OnChange()", "UceRequests1.OnSave(false)"}));
-  tellsNormalised("REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
-                  "The reply template has been changed.\r\n\r\nModified requests have sent bytes in "
-                  "blue bold in the list.\r\n\r\nYou should save the database to keep "
-                  "modifications.");
+  tellsNormalised(
+      "REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
+      "The reply template has been changed.\r\n\r\nModified requests have sent bytes in "
+      "blue bold in the list.\r\n\r\nYou should save the database to keep "
+      "modifications.");
   chooseForRequest("PopupReplyTemplateNormalize");
   look = list().rows().cellLookOf(&the("Session"), 1);
   EXPECT_EQ(look.bold, false);
@@ -346,10 +348,11 @@ TEST_F(UceRequestsList, AReplyTemplateThatIsRightShowsTheBytesOfARedRowPlain) {
   const RowsModel& rows = list().rows();
   const QModelIndex name = rows.index(0, 0), bytes = rows.index(0, 1);
   EXPECT_EQ(bytes.data(Qt::ForegroundRole), QColor(255, 0, 0));
-  tellsNormalised("REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
-                  "The reply template has been changed.\r\n\r\nModified requests have sent bytes in "
-                  "blue bold in the list.\r\n\r\nYou should save the database to keep "
-                  "modifications.");
+  tellsNormalised(
+      "REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
+      "The reply template has been changed.\r\n\r\nModified requests have sent bytes in "
+      "blue bold in the list.\r\n\r\nYou should save the database to keep "
+      "modifications.");
   chooseForRequest("PopupReplyTemplateNormalize");
   EXPECT_EQ(bytes.data(Qt::ForegroundRole), page->palette().color(QPalette::WindowText));
   EXPECT_FALSE(bytes.data(Qt::FontRole).isValid());
@@ -361,10 +364,11 @@ TEST_F(UceRequestsList, NormalisingARequestWithoutBytesTurnsItsRowRed) {
   the("Session").RequestBytes.reset();
   enterAgain();
   clickRow(list(), 2);
-  tellsNormalised("REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
-                  "The reply template has been changed.\r\n\r\nModified requests have sent bytes in "
-                  "blue bold in the list.\r\n\r\nYou should save the database to keep "
-                  "modifications.");
+  tellsNormalised(
+      "REQUESTS/MSG/PopupReplyTemplateNormalize_Click/change/text",
+      "The reply template has been changed.\r\n\r\nModified requests have sent bytes in "
+      "blue bold in the list.\r\n\r\nYou should save the database to keep "
+      "modifications.");
   chooseForRequest("PopupReplyTemplateNormalize");
   EXPECT_EQ(list().rows().lookOf(&the("Session")).colour, 255u);
   EXPECT_TRUE(list().rows().lookOf(&the("Session")).bold);
@@ -403,8 +407,8 @@ TEST_F(UceRequestsList, NameCommandsOfTheMenuRenameTheSelection) {
   chooseForRequest("PopupReqlcase");
   EXPECT_EQ(requestNames(), "READ|WRITE|Session");
   EXPECT_EQ(recorder.take().size(), 1u);
-  for (const auto& [entry, name] : {std::pair("PopupReqlcase", "read"),
-                                    std::pair("PopupReqCapword", "Read")}) {
+  for (const auto& [entry, name] :
+       {std::pair("PopupReqlcase", "read"), std::pair("PopupReqCapword", "Read")}) {
     const std::string key = entry;
     expectYesNo(key == "PopupReqlcase" ? "REQUESTS/MSG/PopupReqlcase_Click/text"
                                        : "REQUESTS/MSG/PopupReqCapword_Click/confirm/text",
@@ -415,21 +419,21 @@ TEST_F(UceRequestsList, NameCommandsOfTheMenuRenameTheSelection) {
     chooseForRequest(entry);
     EXPECT_EQ(requestNames().substr(0, 4), name);
   }
-  person.expectInput({"REQUESTS/MSG/PopupReqReplace_Click/search/text", "Rename data:",
-                      "Find what:", ""},
-                     "Re");
-  person.expectInput({"REQUESTS/MSG/PopupReqReplace_Click/replace/text", "Rename data:",
-                      "Replace with:", ""},
-                     "Lea");
+  person.expectInput(
+      {"REQUESTS/MSG/PopupReqReplace_Click/search/text", "Rename data:", "Find what:", ""}, "Re");
+  person.expectInput(
+      {"REQUESTS/MSG/PopupReqReplace_Click/replace/text", "Rename data:", "Replace with:", ""},
+      "Lea");
   expectYesNo("REQUESTS/MSG/PopupReqReplace_Click/confirm/text", "User confirm",
               "Replace 'Re' with 'Lea'\r\nfor selected data?", Answer::Yes);
   chooseForRequest("PopupReqReplace");
   EXPECT_EQ(requestNames(), "Leaad|Write|Session");
   the("Write").requestName = " Write  it ";
-  expectYesNo("REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
-              "Normalize space suppress white spaces at the start and end of the data name and "
-              "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
-              Answer::Yes);
+  expectYesNo(
+      "REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
+      "Normalize space suppress white spaces at the start and end of the data name and "
+      "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
+      Answer::Yes);
   chooseForRequest("PopupReqNormalize");
   EXPECT_EQ(requestNames(), "Leaad|Write it|Session");
 }
@@ -463,8 +467,8 @@ TEST_F(UceRequestsList, FindGoesOnFromTheSelectedRowAndAroundTheEnd) {
 
 TEST_F(UceRequestsList, TheMenuLeadsToNoPageThatIsNotThere) {
   QMenu& menu = openRequestMenu();
-  for (const char* entry : {"PopupReqGotoScreens", "PopupReqGotoDevice", "PopupReqGotoDID",
-                            "PopupReqCreateDevice"})
+  for (const char* entry :
+       {"PopupReqGotoScreens", "PopupReqGotoDevice", "PopupReqGotoDID", "PopupReqCreateDevice"})
     EXPECT_FALSE(menu.findChild<QAction*>(entry)) << entry;
   for (const char* entry :
        {"PopupReqCut", "PopupReqCopy", "PopupReqCopyText", "PopupReqPaste", "mnuRequestSelectAll",
@@ -476,7 +480,8 @@ TEST_F(UceRequestsList, TheMenuLeadsToNoPageThatIsNotThere) {
 
 TEST_F(UceRequestsList, TwentyThousandRequestsOpenAndAreSelectedInOneStepEach) {
   target().setRequests(std::make_shared<RequestItems>());
-  for (int i = 0; i < 20'000; ++i) add("Request " + std::to_string(i), "2101", "6101");
+  for (int i = 0; i < 20'000; ++i)
+    add("Request " + std::to_string(i), "2101", "6101");
   QSignalSpy sets(list().model(), &QAbstractItemModel::modelReset);
   enterAgain();
   EXPECT_EQ(sets.count(), 1);

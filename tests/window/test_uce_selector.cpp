@@ -24,8 +24,8 @@ using platform::Icon;
 class UceSelectorTest : public SelectorPage {};
 
 std::string recentFile(const MemorySettings& settings, int number) {
-  return settings.read(std::string(platform::kelmarSettings) + "RecentFile" +
-                       std::to_string(number))
+  return settings
+      .read(std::string(platform::kelmarSettings) + "RecentFile" + std::to_string(number))
       .value_or("");
 }
 
@@ -66,7 +66,8 @@ TEST_F(UceSelectorTest, Open_CancelledLeavesTheOpenEcu) {
   open(engine);
   expectOpenDialog(std::nullopt);
   choose("Open", "Open");
-  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded(bool&)", "file Open database"}), recorder.take());
+  EXPECT_EQ((Events{"UceSelector1.CheckIfSaveNeeded(bool&)", "file Open database"}),
+            recorder.take());
   EXPECT_EQ("Engine D12", textOf("TxEcuName"));
 }
 
@@ -297,8 +298,7 @@ TEST_F(UceSelectorTest, Save_WritesTheFileThenAnnounces) {
 TEST_F(UceSelectorTest, Save_MayBeRepeatedByTheFrame) {
   open(engine);
   bool again = false;
-  QObject::connect(page.get(), &UceSelector::OnSave, page.get(),
-                   [&] { again = page->saveFile(); });
+  QObject::connect(page.get(), &UceSelector::OnSave, page.get(), [&] { again = page->saveFile(); });
   choose("Save", "save");
   EXPECT_TRUE(again);
 }
@@ -435,8 +435,8 @@ TEST_F(UceSelectorTest, HiddenFunction_TellsVersionAndAddresses) {
   page->XmlSchemaTarget = "t";
   page->XmlSchemaScreen = "c";
   expectBox("SELECTOR/MSG/hiddenFunction/text", "Kelmar hidden function",
-            "Kelmar Version : " + OmnikorLibXml::Version() + "\r\nCopyright : " +
-                applicationCopyright +
+            "Kelmar Version : " + OmnikorLibXml::Version() +
+                "\r\nCopyright : " + applicationCopyright +
                 "\r\nBaseUrl = b\r\nXmlStyleSheet = s\r\n"
                 "XmlSchemaTarget = t\r\nXmlSchemaScreen = c",
             Icon::Information);
@@ -470,10 +470,10 @@ TEST_F(UceSelectorTest, Progress_MovesByStepsValuesAndToTheEnd) {
 TEST_F(UceSelectorTest, FitsASmallScreenAndNamesItsControls) {
   EXPECT_LE(page->minimumSizeHint().width(), 1100);
   EXPECT_LE(page->minimumSizeHint().height(), 560);
-  for (const char* name : {"TxEcuName", "txGenericName", "TextFunction", "TextAdresse",
-                           "TextLogicalAdresse", "TextProtocole", "TxEcuDesc", "lstProjects",
-                           "comboProto", "txdFunc", "txdDiag", "txdSup", "txdSoft", "txdVers",
-                           "txdHref", "cbFunctionsName"})
+  for (const char* name :
+       {"TxEcuName", "txGenericName", "TextFunction", "TextAdresse", "TextLogicalAdresse",
+        "TextProtocole", "TxEcuDesc", "lstProjects", "comboProto", "txdFunc", "txdDiag", "txdSup",
+        "txdSoft", "txdVers", "txdHref", "cbFunctionsName"})
     EXPECT_FALSE(the<QWidget>(name).accessibleName().isEmpty()) << name;
 }
 
@@ -538,10 +538,20 @@ TEST_F(UceSelectorFrench, Lang_GivesThePageItsTextsAgain) {
 
 TEST_F(UceSelectorTest, Tabulator_GoesFromTheTreeThroughSummaryToSearch) {
   open(engine);
-  const std::vector<std::string> wanted = {"TxEcuName", "txGenericName", "LabelFunction",
-                                           "TextFunction", "TextProtocole", "TextAdresse",
-                                           "TextLogicalAdresse", "lstProjects", "comboProto",
-                                           "txdFunc", "txdDiag", "txdSup", "txdSoft", "txdVers"};
+  const std::vector<std::string> wanted = {"TxEcuName",
+                                           "txGenericName",
+                                           "LabelFunction",
+                                           "TextFunction",
+                                           "TextProtocole",
+                                           "TextAdresse",
+                                           "TextLogicalAdresse",
+                                           "lstProjects",
+                                           "comboProto",
+                                           "txdFunc",
+                                           "txdDiag",
+                                           "txdSup",
+                                           "txdSoft",
+                                           "txdVers"};
   std::vector<std::string> seen;
   the("TxEcuName").setFocus();
   for (std::size_t i = 0; i < wanted.size(); ++i) {

@@ -372,8 +372,8 @@ TEST_F(UceSelectorFunction, ReadCanId_TellsAFileThatCannotBeRead) {
   AddressingFile same;
   same.load(absent);
   expectBox("SELECTOR/MSG/ReadCanId/text", "Contact hotline",
-            "Internal error : impossible to read canId : " + absent + "\r\nreason : " +
-                same.reason());
+            "Internal error : impossible to read canId : " + absent +
+                "\r\nreason : " + same.reason());
   std::int32_t xid = 5, rid = 6;
   bool found = true;
   page->ReadCanId(absent, 122, xid, rid, found);

@@ -42,7 +42,8 @@ class NewEcuPanel : public testing::Test {
     panel.ReadAddressingFile(file);
     showToUser(panel);
   }
-  template <class Widget = QLineEdit> Widget& the(const char* name) {
+  template <class Widget = QLineEdit>
+  Widget& the(const char* name) {
     return control<Widget>(panel, QLatin1String(name));
   }
   std::string textOf(const char* name) { return desktop::u8(the<QLineEdit>(name).text()); }
@@ -155,8 +156,8 @@ TEST_F(NewEcuPanel, FileThatCannotBeReadIsToldWithItsReason) {
   AddressingFile same;
   ASSERT_FALSE(same.load(broken));
   person.expect("SELECTOR/MSG/ReadAddressingFile/text", "Contact hotline",
-                "Internal error : impossible to read file : " + broken + "\r\nreason : " +
-                    same.reason(),
+                "Internal error : impossible to read file : " + broken +
+                    "\r\nreason : " + same.reason(),
                 platform::Buttons::Ok, platform::Icon::Critical, platform::Answer::Ok);
   panel.ReadAddressingFile(broken);
   EXPECT_EQ(0, functions().count());

@@ -35,11 +35,13 @@ class TwinWindow {
   /// The control at the end of a way of names, each to be found below the one before it.
   QWidget& at(const QStringList& way) {
     QWidget* found = form_.get();
-    for (const QString& name : way) found = &support::controlNamed(*found, name);
+    for (const QString& name : way)
+      found = &support::controlNamed(*found, name);
     support::mustBeUsable(*found);
     return *found;
   }
-  template <class Control> Control& as(const QStringList& way) {
+  template <class Control>
+  Control& as(const QStringList& way) {
     return dynamic_cast<Control&>(at(way));
   }
 

@@ -73,7 +73,8 @@ class UceDatasPage : public testing::Test {
     auto target = std::make_shared<TargetItem>();
     target->setDatas(std::make_shared<DataItems>());
     target->setRequests(std::make_shared<RequestItems>());
-    for (const char* name : names) target->datas()->Add(name)->parent = target.get();
+    for (const char* name : names)
+      target->datas()->Add(name)->parent = target.get();
     return target;
   }
   TargetItem& target() { return *database.ActiveTarget; }
@@ -122,7 +123,8 @@ class UceDatasPage : public testing::Test {
   }
   static std::string namesOf(const std::vector<RowTag>& tags) {
     std::string all;
-    for (const RowTag tag : tags) all += static_cast<DataItem*>(tag)->dataName() + ",";
+    for (const RowTag tag : tags)
+      all += static_cast<DataItem*>(tag)->dataName() + ",";
     return all;
   }
   std::string names() { return namesOf(list().rows().tags()); }

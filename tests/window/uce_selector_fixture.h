@@ -32,10 +32,11 @@ class SelectorPage : public testing::Test {
   using Events = std::vector<std::string>;
 
   /// An ECU file with a name, and what stands behind the list of identifications.
-  static std::string ecu(const std::string& name, const std::string& rest = {},
-                         const std::string& generator = "Kelmar",
-                         const std::string& identification =
-                             R"(<AutoIdent DiagVersion="4" Supplier="SUP" Soft="0100" Version="01"/>)") {
+  static std::string
+  ecu(const std::string& name, const std::string& rest = {},
+      const std::string& generator = "Kelmar",
+      const std::string& identification =
+          R"(<AutoIdent DiagVersion="4" Supplier="SUP" Soft="0100" Version="01"/>)") {
     return "<?xml version='1.0' encoding=\"UTF-8\"?><xml>\n<Generator name=\"" + generator +
            "\"/>\n<zem:Target Name=\"" + name +
            "\" group=\"Family\"><Projects xmlns=\"\"><B2/></Projects>"
@@ -88,12 +89,15 @@ class SelectorPage : public testing::Test {
     page->OpenEcuFile(file);
     recorder.take();
   }
-  template <class Widget = QLineEdit> Widget& the(const char* name) {
+  template <class Widget = QLineEdit>
+  Widget& the(const char* name) {
     return control<Widget>(*page, QLatin1String(name));
   }
   std::string textOf(const char* name) { return desktop::u8(the<QLineEdit>(name).text()); }
   std::string labelOf(const char* name) { return desktop::u8(the<QLabel>(name).text()); }
-  void pressButton(const char* key) { click(usable<QToolButton>(the<QToolBar>("TBtoolbar"), QLatin1String(key))); }
+  void pressButton(const char* key) {
+    click(usable<QToolButton>(the<QToolBar>("TBtoolbar"), QLatin1String(key)));
+  }
   QMenu& menuOf(const char* key) {
     return *control<QToolButton>(the<QToolBar>("TBtoolbar"), QLatin1String(key)).menu();
   }

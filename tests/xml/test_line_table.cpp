@@ -35,7 +35,8 @@ TEST(LineTable, CountsLfCrAndCrLfInWhateverPiecesTheyCome) {
       done += piece;
     }
     for (std::size_t offset = 0; offset < text.size(); ++offset)
-      ASSERT_EQ(table.lineAt(offset), countedLine(text, offset)) << "round " << round << ", at " << offset;
+      ASSERT_EQ(table.lineAt(offset), countedLine(text, offset))
+          << "round " << round << ", at " << offset;
   }
 }
 

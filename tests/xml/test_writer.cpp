@@ -178,7 +178,8 @@ TEST(Writer, RefusesNamesThatAreNone) {
               w.open(Name("a b"sv));
             }),
             "Project 'a b': 'a b' is no XML element name");
-  EXPECT_EQ(refusal([](Writer& w) { w.attribute(Name("1"sv), "x"); }), "'1' is no XML attribute name");
+  EXPECT_EQ(refusal([](Writer& w) { w.attribute(Name("1"sv), "x"); }),
+            "'1' is no XML attribute name");
   for (const char* name : {"", ":a", "a:", "a:b:c", "a>", "-"})
     EXPECT_NE(refusal([&](Writer& w) { w.open(Name(name)); }), "") << name;
   EXPECT_EQ(refusal([](Writer& w) { w.open("ds:Categories"); }), "");

@@ -31,11 +31,12 @@ Kind kindOf(const Arguments& arguments) {
 
 /// Those of the list that the words behind the kind name, or all, in the order of the list.
 template <class Item, class Collection>
-std::vector<Item*> chosen(const std::vector<Item*>& list, const Collection& items,
-                          const char* kind, const Words& words) {
+std::vector<Item*> chosen(const std::vector<Item*>& list, const Collection& items, const char* kind,
+                          const Words& words) {
   if (words.size() == 2) return list;
   std::unordered_set<const Item*> named;
-  for (std::size_t i = 2; i < words.size(); ++i) named.insert(itemNamed(items, kind, words[i]));
+  for (std::size_t i = 2; i < words.size(); ++i)
+    named.insert(itemNamed(items, kind, words[i]));
   std::vector<Item*> found;
   for (Item* item : list)
     if (named.contains(item)) found.push_back(item);
@@ -55,7 +56,8 @@ std::string copied(TargetItem& target, const Arguments& arguments, bool& broken)
   }
   std::vector<RequestItem*> list;
   if (target.Requests())
-    for (RequestItem* request : *target.Requests()) list.push_back(request);
+    for (RequestItem* request : *target.Requests())
+      list.push_back(request);
   const RequestSelection requests = chosen(list, target.Requests(), "Request", words);
   return asText ? copyRequestsText(requests, broken) : copyRequests(target, requests);
 }

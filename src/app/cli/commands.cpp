@@ -20,11 +20,12 @@ const Option findOptions[] = {{"--site"},    {"--function"}, {"--protocol"},
 const Option writingOptions[] = {{"--yes", false}, {"-v", false},     {"--site"},
                                  {"--lang"},       {"--help", false}, {"-o"}};
 
-const Option copyOptions[] = {{"--yes", false},  {"-v", false},     {"--site"},       {"--lang"},
+const Option copyOptions[] = {{"--yes", false},  {"-v", false},     {"--site"},      {"--lang"},
                               {"--help", false}, {"--text", false}, {"--xml", false}};
 
-const Option pasteOptions[] = {{"--yes", false},  {"-v", false}, {"--site"},    {"--lang"}, {"-i"},
-                               {"--help", false}, {"-o"},        {"--encoding"}, {"--answer"}};
+const Option pasteOptions[] = {{"--yes", false}, {"-v", false},  {"--site"},
+                               {"--lang"},       {"-i"},         {"--help", false},
+                               {"-o"},           {"--encoding"}, {"--answer"}};
 
 constexpr std::size_t anyNumber = std::numeric_limits<std::size_t>::max();
 

@@ -6,17 +6,14 @@
 
 namespace kelmar::cli {
 
-int runNormalizeReplies(const Arguments &arguments, Output &output) {
+int runNormalizeReplies(const Arguments& arguments, Output& output) {
   int changed = 0;
-  const int code = editFile(arguments, [&](TargetItem &target, const Words &) {
-    if (!target.Requests())
-      return;
-    for (RequestItem *request : *target.Requests())
-      if (NormalizeReplyTemplate(*request, target))
-        ++changed;
+  const int code = editFile(arguments, [&](TargetItem& target, const Words&) {
+    if (!target.Requests()) return;
+    for (RequestItem* request : *target.Requests())
+      if (NormalizeReplyTemplate(*request, target)) ++changed;
   });
-  if (code == done)
-    output << std::to_string(changed) << " reply templates changed\n";
+  if (code == done) output << std::to_string(changed) << " reply templates changed\n";
   return code;
 }
 

@@ -10,8 +10,7 @@ namespace {
 FunctionItem& functionFor(OmnikorLibXml& database, const NewEcu& ecu) {
   if (!database.functions) database.functions = std::make_shared<FunctionItems>();
   if (FunctionItem* known = database.functions->ItemAddress(ecu.address)) return *known;
-  FunctionItem* added =
-      database.functions->Add(ecu.address, ecu.logicalAddress, ecu.functionName);
+  FunctionItem* added = database.functions->Add(ecu.address, ecu.logicalAddress, ecu.functionName);
   added->canRid = ecu.canRid;
   added->canXid = ecu.canXid;
   return *added;

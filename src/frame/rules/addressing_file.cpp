@@ -42,7 +42,8 @@ std::optional<std::string> AddressingFile::logicalAddressOf(std::int32_t address
       document_.selectSingleNode("/Functions/Function[@Address=" + std::to_string(address) + "]")
           .node();
   if (!function) return std::nullopt;
-  return xml::textOf(xml::selectSingleNode(function, "ProtocolList/Protocol/LogicalAddress").node());
+  return xml::textOf(
+      xml::selectSingleNode(function, "ProtocolList/Protocol/LogicalAddress").node());
 }
 
 std::optional<AddressingFile::CanIds> AddressingFile::canIdsOf(std::int32_t address) const {

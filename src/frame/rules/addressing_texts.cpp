@@ -8,13 +8,13 @@ namespace kelmar {
 
 platform::Box unreadableFileBox(const CMultiLangEx& texts, const std::string& file,
                                 const std::string& reason) {
-  return {"SELECTOR/MSG/ReadAddressingFile/text",
-          texts.getMultilangMessageDefault("Contact hotline",
-                                           "SELECTOR/MSG/ReadAddressingFile/title"),
-          texts.getMultilangMessageDefault(
-              "Internal error : impossible to read file : {0}{crlf}reason : {1}",
-              "SELECTOR/MSG/ReadAddressingFile/text", file, reason),
-          platform::Buttons::Ok, platform::Icon::Critical};
+  return {
+      "SELECTOR/MSG/ReadAddressingFile/text",
+      texts.getMultilangMessageDefault("Contact hotline", "SELECTOR/MSG/ReadAddressingFile/title"),
+      texts.getMultilangMessageDefault(
+          "Internal error : impossible to read file : {0}{crlf}reason : {1}",
+          "SELECTOR/MSG/ReadAddressingFile/text", file, reason),
+      platform::Buttons::Ok, platform::Icon::Critical};
 }
 
 platform::Box unreadableCanIdBox(const CMultiLangEx& texts, const std::string& file,

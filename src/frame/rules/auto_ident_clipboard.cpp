@@ -18,7 +18,8 @@ constexpr std::size_t pastedSupplierLength = 3, cellsNeeded = 4;
 class UniqueAdder {
  public:
   UniqueAdder(AutoIdentItems& items, TargetItem* owner) : items_(items), owner_(owner) {
-    for (const AutoIdentItem* item : items) known_.insert(keyOf(*item));
+    for (const AutoIdentItem* item : items)
+      known_.insert(keyOf(*item));
   }
 
   void add(const AutoIdentItem& item) {

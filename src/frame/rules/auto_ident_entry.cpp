@@ -33,23 +33,23 @@ std::optional<BadEntry> checkUds(const AutoIdentEntry& entry) {
   if (supplier < 1 || supplier > longestUdsSupplier) {
     constexpr char udsSupplierKey[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSupplierCode/text";
     return refusal(BadEntry::Field::ValCodeFour, udsSupplierKey,
-                   texts.getMultilangMessageDefault(
-                       "Bad supplier name : 1 up to {0} characters.",
-                       udsSupplierKey, std::to_string(longestUdsSupplier)));
+                   texts.getMultilangMessageDefault("Bad supplier name : 1 up to {0} characters.",
+                                                    udsSupplierKey,
+                                                    std::to_string(longestUdsSupplier)));
   }
   if (characterCount(entry.ValLogiciel) > longestUdsText) {
     constexpr char udsSoftwareKey[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftware/text";
-    return refusal(BadEntry::Field::ValLogiciel, udsSoftwareKey,
-                   texts.getMultilangMessageDefault(
-                       "Bad software name: {0} ASCII characters required",
-                       udsSoftwareKey, std::to_string(longestUdsText)));
+    return refusal(
+        BadEntry::Field::ValLogiciel, udsSoftwareKey,
+        texts.getMultilangMessageDefault("Bad software name: {0} ASCII characters required",
+                                         udsSoftwareKey, std::to_string(longestUdsText)));
   }
   if (characterCount(entry.ValVersion) > longestUdsText) {
     constexpr char udsVersionKey[] = "AUTOIDENT/MSG/CheckUserInput/UDS/badSoftwareVersion/text";
-    return refusal(BadEntry::Field::ValVersion, udsVersionKey,
-                   texts.getMultilangMessageDefault(
-                       "Bad software version: {0} ASCII characters required",
-                       udsVersionKey, std::to_string(longestUdsText)));
+    return refusal(
+        BadEntry::Field::ValVersion, udsVersionKey,
+        texts.getMultilangMessageDefault("Bad software version: {0} ASCII characters required",
+                                         udsVersionKey, std::to_string(longestUdsText)));
   }
   return std::nullopt;
 }
@@ -65,17 +65,15 @@ std::optional<BadEntry> checkFixedLengths(const AutoIdentEntry& entry) {
   }
   if (!isFourHexadecimalDigits(entry.ValLogiciel)) {
     constexpr char softwareKey[] = "AUTOIDENT/MSG/CheckUserInput/badSoftware/text";
-    return refusal(
-        BadEntry::Field::ValLogiciel, softwareKey,
-        texts.getMultilangMessageDefault("Bad software name: 4 hexadecimal characters required",
-                                         softwareKey));
+    return refusal(BadEntry::Field::ValLogiciel, softwareKey,
+                   texts.getMultilangMessageDefault(
+                       "Bad software name: 4 hexadecimal characters required", softwareKey));
   }
   if (!isFourHexadecimalDigits(entry.ValVersion)) {
     constexpr char versionKey[] = "AUTOIDENT/MSG/CheckUserInput/badSoftwareVersion/text";
-    return refusal(
-        BadEntry::Field::ValVersion, versionKey,
-        texts.getMultilangMessageDefault("Bad software version: 4 hexadecimal characters required",
-                                         versionKey));
+    return refusal(BadEntry::Field::ValVersion, versionKey,
+                   texts.getMultilangMessageDefault(
+                       "Bad software version: 4 hexadecimal characters required", versionKey));
   }
   return std::nullopt;
 }
@@ -95,10 +93,14 @@ void applyEntry(const AutoIdentEntry& entry, AutoIdentItem& item) {
 
 std::string autoIdentCell(const AutoIdentItem& item, int column) {
   switch (column) {
-  case 0: return diagText(item.DiagNumber);
-  case 1: return item.SupplierCode;
-  case 2: return item.Soft;
-  default: return item.Version;
+  case 0:
+    return diagText(item.DiagNumber);
+  case 1:
+    return item.SupplierCode;
+  case 2:
+    return item.Soft;
+  default:
+    return item.Version;
   }
 }
 

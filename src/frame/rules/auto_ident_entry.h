@@ -25,7 +25,8 @@ inline constexpr std::int32_t largestDiagNumber = 255;
 AutoIdentEntry entryOf(const AutoIdentItem& item);
 void applyEntry(const AutoIdentEntry& entry, AutoIdentItem& item);
 
-/// A cell of the list; columns from 0: diagnostic version as "10 ($0A)", supplier, software, version.
+/// A cell of the list; columns from 0: diagnostic version as "10 ($0A)", supplier, software,
+/// version.
 std::string autoIdentCell(const AutoIdentItem& item, int column);
 
 /// Which field an input check refuses, and what is told about it.

@@ -16,8 +16,7 @@ constexpr double visibleMargin = 8 * twipsPerPixel;
 constexpr double cascadeStep = 16 * twipsPerPixel;
 
 std::int32_t requested(const std::string& item, double extent) {
-  if (!isNumeric(item))
-    return -1;
+  if (!isNumeric(item)) return -1;
   try {
     const std::int32_t value = toInt32(item);
     return value < 0 || value > extent - visibleMargin ? -1 : value;
@@ -42,8 +41,7 @@ bool isMeantAsFile(const std::string& word) {
 
 /// A web address as it stands, anything else as an absolute path.
 std::string placeOf(const std::string& word) {
-  if (platform::fileExists(word))
-    return platform::absolutePath(word);
+  if (platform::fileExists(word)) return platform::absolutePath(word);
   return isWebAddress(word) ? word : platform::absolutePath(platform::localPathOf(word));
 }
 
@@ -51,8 +49,7 @@ std::string placeOf(const std::string& word) {
 
 RequestedPosition requestedPosition(const std::string& commandString, Extent screen) {
   const std::vector<std::string> items = split(commandString, ",");
-  if (items.size() != 2)
-    return {};
+  if (items.size() != 2) return {};
   return {requested(items[0], screen.width), requested(items[1], screen.height)};
 }
 
@@ -77,8 +74,7 @@ CommandLine readCommandLine(const std::vector<std::string>& words) {
           value = word.substr(sign + 1);
         else if (i + 1 < words.size())
           value = words[++i];
-        if (value.empty())
-          line.mistake = "option " + name + " needs a value";
+        if (value.empty()) line.mistake = "option " + name + " needs a value";
         (name == "--site" ? line.site : line.language) = value;
       } else if (word == "--help") {
         line.help = true;

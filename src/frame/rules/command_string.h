@@ -36,7 +36,8 @@ struct CommandLine {
 };
 
 /// A word that names an existing file, or that can only be meant as one (it holds a "/" or ends in
-/// ".xml"), is the file to open; "http:", "https:" and "file:" addresses are, too. "-" before a digit is a number and no option; "--" ends the options.
+/// ".xml"), is the file to open; "http:", "https:" and "file:" addresses are, too. "-" before a
+/// digit is a number and no option; "--" ends the options.
 CommandLine readCommandLine(const std::vector<std::string>& words);
 
 /// What "--help" prints.

@@ -17,8 +17,8 @@ inline constexpr std::int32_t canCode = 7;
 inline constexpr std::int32_t canMessagingCode = 8;
 inline constexpr std::int32_t ipCode = 9;
 
-/// Position of the ECU's protocol in the catalogue, from 1; 0 when none fits. IP and CAN-FD are told
-/// by their own parameters, since others have the same pair of mode and multi-point.
+/// Position of the ECU's protocol in the catalogue, from 1; 0 when none fits. IP and CAN-FD are
+/// told by their own parameters, since others have the same pair of mode and multi-point.
 int protocolPosition(const ProtocolItems& protocols, const TargetParamItem& parameters);
 
 /// Code of the protocol at a position, noProtocolCode for a position that is none.

@@ -30,8 +30,8 @@ std::int32_t addressOfText(const std::string& text) {
 
 std::string protocolText(const OmnikorLibXml& database, const TargetParamItem& parameters) {
   if (!database.protocols) return {};
-  // CAN-FD and IP come first: the pair of mode and multi-point is the same for CAN and CAN-FD, and a
-  // file may hold addresses of IP whatever its mode.
+  // CAN-FD and IP come first: the pair of mode and multi-point is the same for CAN and CAN-FD, and
+  // a file may hold addresses of IP whatever its mode.
   const ProtocolItem* protocol = nullptr;
   if (parameters.CANFDTxMaxDataLength > 0)
     protocol = database.protocols->ItemName("DiagOnCANFD");

@@ -55,10 +55,18 @@ void applyNumber(const std::string& text, std::int32_t& value) {
 
 void applyBaudRate(const EditParamFields& fields, std::int32_t code, TargetParamItem& parameters) {
   switch (code) {
-  case canFdCode: parameters.BaudRate = canFdBaudRate; break;
-  case canCode: parameters.BaudRate = canBaudRate; break;
-  case canMessagingCode: applyNumber(fields.ComboBaudRate, parameters.BaudRate); break;
-  default: applyNumber(fields.numbers[0].text, parameters.BaudRate); break;
+  case canFdCode:
+    parameters.BaudRate = canFdBaudRate;
+    break;
+  case canCode:
+    parameters.BaudRate = canBaudRate;
+    break;
+  case canMessagingCode:
+    applyNumber(fields.ComboBaudRate, parameters.BaudRate);
+    break;
+  default:
+    applyNumber(fields.numbers[0].text, parameters.BaudRate);
+    break;
   }
 }
 

@@ -39,7 +39,7 @@ struct EditParamFields {
   };
 
   std::string txtEmail = {};
-  std::string Comment = {}; ///< lines end with CR LF
+  std::string Comment = {};       ///< lines end with CR LF
   std::string KW1 = {}, KW2 = {}; ///< hexadecimal
   int ComboTypeCom = 0;           ///< position in the catalogue, from 1; 0: no protocol
   std::string ComboBaudRate = "500000";

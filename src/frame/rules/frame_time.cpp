@@ -28,12 +28,8 @@ DateTime dateOf(Moment moment) {
   const sys_days day = floor<days>(moment);
   const year_month_day date(day);
   const hh_mm_ss time(moment - day);
-  return {int(date.year()),
-          int(unsigned(date.month())),
-          int(unsigned(date.day())),
-          int(time.hours().count()),
-          int(time.minutes().count()),
-          int(time.seconds().count())};
+  return {int(date.year()),          int(unsigned(date.month())), int(unsigned(date.day())),
+          int(time.hours().count()), int(time.minutes().count()), int(time.seconds().count())};
 }
 
 // Minutes east of Greenwich at noon of the first day of a month.
@@ -71,8 +67,7 @@ std::string GMT(const DateTime& local, int bias) {
 std::optional<DateTime> unGMT(const std::string& text, int bias) {
   const std::string plain = replaceAll(replaceAll(text, "-", "/"), "T", " ") + ":00";
   const std::optional<DateTime> date = toDateTime(plain);
-  if (!date)
-    return std::nullopt;
+  if (!date) return std::nullopt;
   return dateOf(momentOf(*date) - minutes(bias));
 }
 

@@ -9,11 +9,9 @@
 namespace kelmar::frame {
 
 void BuildFullPath(const std::string& path) {
-  if (path.empty() || platform::folderExists(path))
-    return;
+  if (path.empty() || platform::folderExists(path)) return;
   const std::string parent = platform::folderOf(path);
-  if (parent != path)
-    BuildFullPath(parent);
+  if (parent != path) BuildFullPath(parent);
   std::error_code ignored;
   std::filesystem::create_directory(path, ignored);
 }

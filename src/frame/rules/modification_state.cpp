@@ -10,23 +10,20 @@ void ModificationState::SetSaveNeed(bool value) {
   const std::optional<std::string> name = surface_.targetName();
   std::string caption = "ECU";
   if (name) {
-    if (*name == "New ECU")
-      caption = "New ECU";
-    if (saveNeeded_)
-      caption += surface_.translated(" - Not saved -", "MAIN/MSG/notSaved/text");
+    if (*name == "New ECU") caption = "New ECU";
+    if (saveNeeded_) caption += surface_.translated(" - Not saved -", "MAIN/MSG/notSaved/text");
   }
   surface_.setTabCaption(*rowOfTab("database"), caption);
 }
 
 void ModificationState::MarkTabModified(const PageRow& row, bool clean) {
-  if (row.kind == PageKind::Selector || row.kind == PageKind::Check)
-    return;
+  if (row.kind == PageKind::Selector || row.kind == PageKind::Check) return;
   if (clean)
     marked_.erase(&row);
   else
     marked_.insert(&row);
-  surface_.setTabCaption(row, surface_.translated(row.caption, row.captionKey) +
-                                  (clean ? "" : " *"));
+  surface_.setTabCaption(row,
+                         surface_.translated(row.caption, row.captionKey) + (clean ? "" : " *"));
 }
 
 void ModificationState::showAgain() {
@@ -42,8 +39,7 @@ void ModificationState::NotePageChange() {
 
 // With two modifications open, cancelling one of them leaves the file unsaved.
 void ModificationState::NotePageCancel() {
-  if (pageChangeCount_ != 1)
-    return;
+  if (pageChangeCount_ != 1) return;
   pageChangeCount_ = 0;
   SetSaveNeed(false);
 }
@@ -54,25 +50,23 @@ void ModificationState::ClearPageChanges() {
 }
 
 void ModificationState::BackupIfNeeded() {
-  if (saveNeeded_)
-    surface_.saveBackupFile();
+  if (saveNeeded_) surface_.saveBackupFile();
 }
 
-bool ModificationState::SaveDatabaseFile() { return surface_.saveFile(); }
+bool ModificationState::SaveDatabaseFile() {
+  return surface_.saveFile();
+}
 
 void ModificationState::OnChange(const PageRow& row) {
   MarkTabModified(row, false);
-  if (row.kind == PageKind::Labels)
-    return;
+  if (row.kind == PageKind::Labels) return;
   BackupIfNeeded();
-  if (row.kind != PageKind::Parameter)
-    NotePageChange();
+  if (row.kind != PageKind::Parameter) NotePageChange();
 }
 
 void ModificationState::OnSave(const PageRow& row, bool toFile) {
   MarkTabModified(row, true);
-  if (row.kind == PageKind::Labels)
-    return;
+  if (row.kind == PageKind::Labels) return;
   if (row.kind == PageKind::Counted && !toFile) {
     NotePageChange(); // the edit is in the database now, and not in the file
     return;
@@ -86,8 +80,7 @@ void ModificationState::OnSave(const PageRow& row, bool toFile) {
 
 void ModificationState::OnCancel(const PageRow& row) {
   MarkTabModified(row, true);
-  if (row.kind == PageKind::Counted || row.kind == PageKind::Selector)
-    NotePageCancel();
+  if (row.kind == PageKind::Counted || row.kind == PageKind::Selector) NotePageCancel();
 }
 
 bool ModificationState::ConfirmLeavePage(int currentPage, bool ask) {
@@ -97,14 +90,11 @@ bool ModificationState::ConfirmLeavePage(int currentPage, bool ask) {
     // Labels are not asked: what they hold is no part of this file.
     const bool applied = row->kind == PageKind::Labels || surface_.testAndConfirmChange(*row);
     // A page that has just failed to save by itself has told why.
-    if (applied && saveNeeded_)
-      return !saveFailed_ && saveAndClear();
+    if (applied && saveNeeded_) return !saveFailed_ && saveAndClear();
   }
-  if (!ask || !saveNeeded_)
-    return true;
+  if (!ask || !saveNeeded_) return true;
   const std::optional<std::string> name = surface_.targetName();
-  if (!name)
-    return true;
+  if (!name) return true;
   const platform::Box box{
       "", surface_.translated("Confirm save", "MAIN/MSG/confirmSave/title"),
       *name + surface_.translated(" change.", "MAIN/MSG/confirmSave/change") + "\r\n" +
@@ -115,8 +105,7 @@ bool ModificationState::ConfirmLeavePage(int currentPage, bool ask) {
 
 // The count of open modifications stays on purpose: only a save that a page asked for clears it.
 bool ModificationState::saveAndClear() {
-  if (!surface_.saveFile())
-    return false;
+  if (!surface_.saveFile()) return false;
   SetSaveNeed(false);
   return true;
 }

@@ -40,8 +40,7 @@ std::string checkReportAddress(const std::string& dataRoot, const std::string& u
 
 std::string helpAddress(const std::string& dataRoot, const std::string& language,
                         const std::string& helpModule, const std::string& helpFunction) {
-  if (helpModule.empty())
-    return {};
+  if (helpModule.empty()) return {};
   const std::string base = (isLocalPath(dataRoot) ? "file:///" : "") + urlPathOf(dataRoot);
   return base + "/doc/kelmar/" + language + "/" + helpModule + ".htm" +
          (helpFunction.empty() ? "" : "#" + helpFunction);

@@ -11,11 +11,12 @@ namespace kelmar::frame {
 /// "%2E" (on purpose as it stands), each "\" becomes "/", each blank "%20".
 std::string PathToUrl(std::string_view text);
 
-/// True for a text of at most 5 characters, and for one that begins with neither "http:" nor "file:".
+/// True for a text of at most 5 characters, and for one that begins with neither "http:" nor
+/// "file:".
 bool isLocalPath(std::string_view text);
 
-/// A path of this machine in the form that PathToUrl takes: "\" as separator, none at the start. What
-/// would end or part an address ("%", "#", "?", a "\" within a name) is escaped.
+/// A path of this machine in the form that PathToUrl takes: "\" as separator, none at the start.
+/// What would end or part an address ("%", "#", "?", a "\" within a name) is escaped.
 std::string pathForUrl(std::string_view localPath);
 
 // Local paths below are in the form that PathToUrl takes.

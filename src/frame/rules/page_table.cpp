@@ -14,8 +14,8 @@ constexpr std::array<PageRow, 10> rows{{
      Entry::Selector},
     {1, "UCEparam", "Parameters", "Edit general ECU parameters", "UceEditParam1",
      "MAIN/CONTROLS/TabStripPrincipal/UCEparam/caption", PageKind::Parameter, Entry::Always},
-    {2, "datas", "Data", "Edit datas", "UceDatas1",
-     "MAIN/CONTROLS/TabStripPrincipal/datas/caption", PageKind::Counted, Entry::Always},
+    {2, "datas", "Data", "Edit datas", "UceDatas1", "MAIN/CONTROLS/TabStripPrincipal/datas/caption",
+     PageKind::Counted, Entry::Always},
     {3, "requests", "Requests", "Edit ECU requests", "UceRequests1",
      "MAIN/CONTROLS/TabStripPrincipal/requests/caption", PageKind::Counted, Entry::WithDatas},
     {4, "devices", "Devices", "Edit ECU devices", "UceDevices1",
@@ -41,14 +41,17 @@ constexpr std::array<std::string_view, 7> toldTheLanguage{
     "UceEditParam1", "UceDatas1",    "UceRequests1", "UceDevices1",
     "UceScreens1",   "UceSelector1", "UceReadDtc1"};
 
-template <class Matches> const PageRow* find(Matches matches) {
+template <class Matches>
+const PageRow* find(Matches matches) {
   const auto found = std::find_if(rows.begin(), rows.end(), matches);
   return found == rows.end() ? nullptr : &*found;
 }
 
 } // namespace
 
-std::span<const PageRow> pageTable() { return rows; }
+std::span<const PageRow> pageTable() {
+  return rows;
+}
 
 const PageRow* rowOfTab(std::string_view key) {
   return find([key](const PageRow& row) { return row.key == key; });
@@ -62,8 +65,12 @@ const PageRow* rowOfIndex(int index) {
   return find([index](const PageRow& row) { return row.index == index; });
 }
 
-std::span<const std::string_view> initOrder() { return initialised; }
+std::span<const std::string_view> initOrder() {
+  return initialised;
+}
 
-std::span<const std::string_view> languageOrder() { return toldTheLanguage; }
+std::span<const std::string_view> languageOrder() {
+  return toldTheLanguage;
+}
 
 } // namespace kelmar::frame

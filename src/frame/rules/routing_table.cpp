@@ -17,10 +17,18 @@ const std::vector<Route>& routes() {
   static const Properties device{"EditDeviceName"};
   static const std::vector<Route> table{
       {"UceDatas1", "OnRequestSelect", "UceRequests1", request, "", "requests"},
-      {"UceDatas1", "OnDeviceSelect", "UceDevices1", {"EditDeviceName", "EditDeviceDataName"}, "",
+      {"UceDatas1",
+       "OnDeviceSelect",
+       "UceDevices1",
+       {"EditDeviceName", "EditDeviceDataName"},
+       "",
        "devices"},
       {"UceDatas1", "OnDisplaySelect", "UceScreens1", screen, "", "screens"},
-      {"UceDatas1", "OnDIDSelect", "UceDID1", {"DIDToBeSelected", "DataPosToBeSelected"}, "",
+      {"UceDatas1",
+       "OnDIDSelect",
+       "UceDID1",
+       {"DIDToBeSelected", "DataPosToBeSelected"},
+       "",
        "did"},
       {"UceRequests1", "OnDataSelect", "UceDatas1", data, "", "datas"},
       {"UceRequests1", "OnDeviceSelect", "UceDevices1", device, "", "devices"},
@@ -42,23 +50,23 @@ const std::vector<Route>& routes() {
 
 } // namespace
 
-std::span<const Route> routingTable() { return routes(); }
+std::span<const Route> routingTable() {
+  return routes();
+}
 
 std::optional<GoTo> routeOf(std::string_view source, std::string_view event,
                             const std::vector<std::string>& arguments) {
   const auto found = std::find_if(routes().begin(), routes().end(), [&](const Route& route) {
     return route.source == source && route.event == event;
   });
-  if (found == routes().end())
-    return std::nullopt;
+  if (found == routes().end()) return std::nullopt;
   GoTo goTo;
   goTo.target = found->target;
   for (std::size_t i = 0; i < found->properties.size(); ++i)
     goTo.writes.emplace_back(found->properties[i],
                              i < arguments.size() ? arguments[i] : std::string());
   goTo.operation = found->operation;
-  if (!goTo.operation.empty())
-    goTo.arguments = arguments;
+  if (!goTo.operation.empty()) goTo.arguments = arguments;
   goTo.tab = found->tab;
   return goTo;
 }

@@ -14,7 +14,8 @@
 namespace kelmar {
 
 /// What the first page has changed in the open ECU since it was opened or saved. The fields go into
-/// the ECU as soon as they are left, so that whoever saves saves them too; a cancel takes them back.
+/// the ECU as soon as they are left, so that whoever saves saves them too; a cancel takes them
+/// back.
 class SelectorEdits {
  public:
   // Each does its change when there is an open ECU. Texts pass through CleanSpaces.

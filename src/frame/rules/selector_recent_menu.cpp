@@ -25,7 +25,8 @@ std::vector<RecentFileEntry> recentFileEntries(const platform::Settings& setting
   int number = 0;
   for (const platform::RecentEntry& recent : platform::GetRecentEntries(settings, "RecentFile")) {
     ++number;
-    if (isThereOrUnknown(recent.value)) entries.push_back({"k" + std::to_string(number), recent.value});
+    if (isThereOrUnknown(recent.value))
+      entries.push_back({"k" + std::to_string(number), recent.value});
   }
   return entries;
 }

@@ -18,20 +18,20 @@ struct SelectorState {
 
 /// Which controls are enabled, and which are shown.
 struct SelectorControls {
-  bool TBtoolbar = false;     ///< enabled
-  bool ecuSelector1 = false;  ///< enabled
-  bool save = false;          ///< the button `Save`
-  bool cancel = false;        ///< the button `cancel`
-  bool TxEcuName = false;     ///< enabled
-  bool txGenericName = false; ///< enabled
-  bool lstProjects = false;   ///< enabled
-  bool LabelFunction = false; ///< offers its menu
-  bool cmdLinkNewPDM = false; ///< enabled
-  bool cmdChangeFunctionOK = false;   ///< enabled
+  bool TBtoolbar = false;           ///< enabled
+  bool ecuSelector1 = false;        ///< enabled
+  bool save = false;                ///< the button `Save`
+  bool cancel = false;              ///< the button `cancel`
+  bool TxEcuName = false;           ///< enabled
+  bool txGenericName = false;       ///< enabled
+  bool lstProjects = false;         ///< enabled
+  bool LabelFunction = false;       ///< offers its menu
+  bool cmdLinkNewPDM = false;       ///< enabled
+  bool cmdChangeFunctionOK = false; ///< enabled
   bool changeFunctionShown = false;
-  bool newEcuShown = false;           ///< UctlNewEcuAddr1
-  bool detectShown = false;           ///< FrDetect and framProjects
-  bool reportShown = false;           ///< the line under the summary
+  bool newEcuShown = false; ///< UctlNewEcuAddr1
+  bool detectShown = false; ///< FrDetect and framProjects
+  bool reportShown = false; ///< the line under the summary
   friend bool operator==(const SelectorControls&, const SelectorControls&) = default;
 };
 

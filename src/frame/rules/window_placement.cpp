@@ -8,10 +8,12 @@ namespace kelmar::frame {
 
 namespace {
 
-double checkedRatio(double ratio) { return ratio > 0.25 && ratio <= 1.0 ? ratio : 0.5; }
+double checkedRatio(double ratio) {
+  return ratio > 0.25 && ratio <= 1.0 ? ratio : 0.5;
+}
 
-// The work area is taken to end where the screen ends, so that what lies before it is the bar of the
-// desktop.
+// The work area is taken to end where the screen ends, so that what lies before it is the bar of
+// the desktop.
 double centred(double screen, double work, double ratio) {
   return (screen - work) + work * (1 - ratio) / 2;
 }

@@ -15,7 +15,9 @@ namespace kelmar {
 
 namespace {
 
-constexpr KeyedText userConfirm(const char* key) { return {key, "User confirm"}; }
+constexpr KeyedText userConfirm(const char* key) {
+  return {key, "User confirm"};
+}
 
 constexpr std::array<NameCommand, 6> nameCommands{{
     // The question is the one of the value list, on purpose.
@@ -52,8 +54,7 @@ platform::Answer askDeleteUsed(const std::string& name, const std::string& reque
   constexpr char deleteUsedKey[] = "DATAS/MSG/CutData/deleteUsedData/text";
   return person.message(
       {deleteUsedKey,
-       texts.getMultilangMessageDefault("Confirm delete",
-                                        "DATAS/MSG/CutData/deleteUsedData/title"),
+       texts.getMultilangMessageDefault("Confirm delete", "DATAS/MSG/CutData/deleteUsedData/title"),
        texts.getMultilangMessageDefault(
            "Do you really want to delete the selected data ?{crlf}{crlf}****** W A R N I N G "
            "******{crlf}The data '{0}' is used by requests: {1}",
@@ -95,7 +96,8 @@ void tell(const std::string& trouble, platform::Person& person) {
 std::vector<DataItem*> listedDatas(const TargetItem& target, bool descending) {
   std::vector<DataItem*> datas;
   if (!target.datas()) return datas;
-  for (DataItem* data : *target.datas()) datas.push_back(data);
+  for (DataItem* data : *target.datas())
+    datas.push_back(data);
   std::stable_sort(datas.begin(), datas.end(),
                    [descending](const DataItem* left, const DataItem* right) {
                      const std::string &a = left->dataName(), &b = right->dataName();
@@ -144,7 +146,9 @@ bool CutData(TargetItem& target, SelectedDatas datas, platform::Person& person,
   return deleted || !unused.empty();
 }
 
-std::span<const NameCommand> dataNameCommands() { return nameCommands; }
+std::span<const NameCommand> dataNameCommands() {
+  return nameCommands;
+}
 
 bool changeDataNames(const NameCommand& command, TargetItem& target, SelectedDatas datas,
                      platform::Person& person) {

@@ -63,9 +63,13 @@ std::string coefficientText(const Coefficient& coefficient) {
   return doubleToPlainText(coefficient.value());
 }
 
-double coefficientOf(std::string_view text) { return toDouble(replaceAll(text, ",", ".")); }
+double coefficientOf(std::string_view text) {
+  return toDouble(replaceAll(text, ",", "."));
+}
 
-bool isCoefficient(std::string_view text) { return isNumeric(replaceAll(text, ",", ".")); }
+bool isCoefficient(std::string_view text) {
+  return isNumeric(replaceAll(text, ",", "."));
+}
 
 bool coefficientDiffers(std::string_view text, const Coefficient& coefficient) {
   // The shown text may be shorter than the number behind it.
@@ -87,12 +91,12 @@ bool GetDataFromScreen(const DataFields& fields, DataItem& data, platform::Perso
   if (isCoefficient(fields.TextCoeffC) && coefficientOf(fields.TextCoeffC) == 0.0) {
     const CMultiLangEx& texts = language::global();
     constexpr char zeroKey[] = "DATAS/MSG/CoefficientCcheckZero/text";
-    person.message({zeroKey,
-                    texts.getMultilangMessageDefault("Check value",
-                                                     "DATAS/MSG/CoefficientCcheckZero/title"),
-                    texts.getMultilangMessageDefault(
-                        "The value of C Coefficient must be different from Zero", zeroKey),
-                    platform::Buttons::Ok, platform::Icon::Exclamation});
+    person.message(
+        {zeroKey,
+         texts.getMultilangMessageDefault("Check value", "DATAS/MSG/CoefficientCcheckZero/title"),
+         texts.getMultilangMessageDefault("The value of C Coefficient must be different from Zero",
+                                          zeroKey),
+         platform::Buttons::Ok, platform::Icon::Exclamation});
     return false;
   }
   takeCoefficient(data.CoeffC, fields.TextCoeffC, "TextCoeffC", refused);

@@ -20,8 +20,7 @@ MenuEntry menu(const char* key, const KeyedText& caption) {
 
 void add(MenuEntry& menu, const char* key, const std::string& text,
          std::vector<std::string> names) {
-  menu.entries.push_back(
-      {.key = key, .text = text, .literal = true, .names = std::move(names)});
+  menu.entries.push_back({.key = key, .text = text, .literal = true, .names = std::move(names)});
 }
 
 /// The menu, or one entry that says that there is none.

@@ -18,7 +18,9 @@ MenuEntry entry(const char* name, const KeyedText& caption, bool enabled) {
   return {.key = name, .text = textOf(caption), .enabled = enabled};
 }
 
-MenuEntry separator() { return {.kind = MenuEntry::Kind::Separator}; }
+MenuEntry separator() {
+  return {.kind = MenuEntry::Kind::Separator};
+}
 
 } // namespace
 
@@ -37,8 +39,7 @@ std::vector<MenuEntry> dataMenu(const DataMenuState& state) {
       entry("popupRefCopyText", {"DATAS/CONTROLS/popupRefCopyText/caption", "Copy text"}, some),
       entry("popupRefPaste", {"DATAS/CONTROLS/popupRefPaste/caption", "Paste"}, open),
       entry("popupRefCopyTradConfig",
-            {"DATAS/CONTROLS/popupRefCopyTradConfig/caption",
-             "Copy data for configuration table"},
+            {"DATAS/CONTROLS/popupRefCopyTradConfig/caption", "Copy data for configuration table"},
             some),
       separator(),
       entry("popupSelectDataNumeric",
@@ -57,16 +58,16 @@ std::vector<MenuEntry> dataMenu(const DataMenuState& state) {
       entry("popupSortDataDescending",
             {"DATAS/CONTROLS/popupSortDataDescending/caption", "Sort descending"}, any),
       separator(),
-      entry("popupRefNormalize",
-            {"DATAS/CONTROLS/popupRefNormalize/caption", "Normalize names"}, some),
+      entry("popupRefNormalize", {"DATAS/CONTROLS/popupRefNormalize/caption", "Normalize names"},
+            some),
       entry("popupRefUcase", {"DATAS/CONTROLS/popupRefUcase/caption", "Uppercase names"}, some),
       entry("popupReflcase", {"DATAS/CONTROLS/popupReflcase/caption", "Lowercase names"}, some),
-      entry("popupRefCapword",
-            {"DATAS/CONTROLS/popupRefCapword/caption", "Capitalize words"}, some),
+      entry("popupRefCapword", {"DATAS/CONTROLS/popupRefCapword/caption", "Capitalize words"},
+            some),
       entry("popupRefCapword1",
             {"DATAS/CONTROLS/popupRefCapword1/caption", "Capitalize words of names"}, some),
-      entry("popupRefReplace",
-            {"DATAS/CONTROLS/popupRefReplace/caption", "Replace in names..."}, some),
+      entry("popupRefReplace", {"DATAS/CONTROLS/popupRefReplace/caption", "Replace in names..."},
+            some),
       separator(),
       entry("PopupRefHelp", {"DATAS/CONTROLS/PopupRefHelp/caption", "Help"}, true)};
   menu.insert(menu.end(), rest.begin(), rest.end());

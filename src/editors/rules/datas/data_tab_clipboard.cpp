@@ -21,9 +21,12 @@ constexpr std::array<std::string_view, 11> header{
 
 const char* typeCell(const DataItem& data) {
   switch (typeOf(data)) {
-  case DataType::Numeric: return "Numeric";
-  case DataType::NumericList: return "List";
-  default: return data.Ascii ? "Ascii" : "Hexa";
+  case DataType::Numeric:
+    return "Numeric";
+  case DataType::NumericList:
+    return "List";
+  default:
+    return data.Ascii ? "Ascii" : "Hexa";
   }
 }
 
@@ -31,7 +34,8 @@ const char* typeCell(const DataItem& data) {
 void update(DataItem& data, const DataItem& pasted) {
   data.DataListes = pasted.DataListes;
   if (data.DataListes)
-    for (DataListeItem* item : *data.DataListes) item->parent = &data;
+    for (DataListeItem* item : *data.DataListes)
+      item->parent = &data;
   data.Ascii = pasted.Ascii;
   data.numerique = pasted.numerique;
   data.liste = pasted.liste;
@@ -68,10 +72,10 @@ void refuseLongName(const TabLine& line, std::string& log, std::string& warnings
          texts.getMultilangMessageDefault("Error: Data name too long, up to {0} characters.",
                                           "DATAS/MSG/pasteData/stErrLog/text", most) +
          "\r\n";
-  warnings += texts.getMultilangMessageDefault("Data name '{0}' too long, up to {1} characters.",
-                                               "DATAS/MSG/pasteData/stErrMsg/text",
-                                               line.trimmed(0), most) +
-              "\r\n";
+  warnings +=
+      texts.getMultilangMessageDefault("Data name '{0}' too long, up to {1} characters.",
+                                       "DATAS/MSG/pasteData/stErrMsg/text", line.trimmed(0), most) +
+      "\r\n";
 }
 
 void showWarnings(const std::string& warnings, platform::Person& person) {
@@ -88,11 +92,14 @@ void showWarnings(const std::string& warnings, platform::Person& person) {
 
 } // namespace
 
-std::span<const std::string_view> dataTextHeader() { return header; }
+std::span<const std::string_view> dataTextHeader() {
+  return header;
+}
 
 DataText copyDatasText(SelectedDatas datas) {
   TabText text;
-  for (const std::string_view cell : header) text.cell(cell);
+  for (const std::string_view cell : header)
+    text.cell(cell);
   text.endLine();
   for (const DataItem* data : datas) {
     text.cell(data->dataName()).cell(data->Mnemo).cell(data->NumberBits).flag(data->Signe);

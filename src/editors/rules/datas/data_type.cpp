@@ -14,9 +14,12 @@ DataType typeOf(const DataItem& data) {
 
 std::string dataIcon(const DataItem& data) {
   switch (typeOf(data)) {
-  case DataType::Numeric: return "numeric";
-  case DataType::NumericList: return "list";
-  default: return data.Ascii ? "ascii" : "hexa";
+  case DataType::Numeric:
+    return "numeric";
+  case DataType::NumericList:
+    return "list";
+  default:
+    return data.Ascii ? "ascii" : "hexa";
   }
 }
 
@@ -31,10 +34,10 @@ DataWarning setScreen_datas(const DataItem& data) {
                       "Error: Unsigned 32 bits data is not supported",
                       "DATAS/MSG/setScreen_datas/unsigned32bitNotSupported/text")};
   if (data.NumberBits < 1 || data.NumberBits > mostNumericBits)
-    return {true, texts.getMultilangMessageDefault(
-                      "Error: Invalid bit count: {0} - authorized value [1 up to 32]",
-                      "DATAS/MSG/setScreen_datas/invalidBitCount/text",
-                      std::to_string(data.NumberBits))};
+    return {true,
+            texts.getMultilangMessageDefault(
+                "Error: Invalid bit count: {0} - authorized value [1 up to 32]",
+                "DATAS/MSG/setScreen_datas/invalidBitCount/text", std::to_string(data.NumberBits))};
   return {};
 }
 

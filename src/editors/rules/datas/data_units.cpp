@@ -14,14 +14,16 @@ namespace {
 constexpr int mostCategories = 13;
 
 std::string nameIn(const xml::Node& element, const std::string& language) {
-  const auto named = xml::selectSingleNode(
-      element, "name[@xml:lang=" + xml::xpathLiteral(language) + "]");
+  const auto named =
+      xml::selectSingleNode(element, "name[@xml:lang=" + xml::xpathLiteral(language) + "]");
   // A unit without a name in this language is better found by another one than not at all.
   return xml::textOf(named ? named.node() : element.child("name"));
 }
 
 /// By which a person looks a name up: neither case nor the accents of French count.
-std::string placeOf(const std::string& name) { return MakeFileSafeName(lowerCase(name)); }
+std::string placeOf(const std::string& name) {
+  return MakeFileSafeName(lowerCase(name));
+}
 
 struct Unit {
   std::string name, place, category;
@@ -44,14 +46,14 @@ std::vector<MenuEntry> unitsMenu(const xml::Document& document, const std::strin
     units.push_back(std::move(unit));
   }
   if (units.empty()) return {};
-  std::stable_sort(units.begin(), units.end(), [](const Unit& left, const Unit& right) {
-    return left.place < right.place;
-  });
+  std::stable_sort(units.begin(), units.end(),
+                   [](const Unit& left, const Unit& right) { return left.place < right.place; });
 
   MenuEntry alpha{.key = "mnuUnitAlpha",
                   .text = language::global().getMultilangMessageDefault(
                       "All units", "DATAS/CONTROLS/mnuUnitAlpha/caption")};
-  for (const Unit& unit : units) alpha.entries.push_back(unit.entry);
+  for (const Unit& unit : units)
+    alpha.entries.push_back(unit.entry);
   std::vector<MenuEntry> menu{std::move(alpha)};
   int number = 0;
   for (const xml::Node& element : document.selectNodes("/units/categories/category")) {

@@ -14,7 +14,8 @@ std::string copyDatas(SelectedDatas datas) {
   out.open("Datas");
   out.lineFeed();
   DataDefinitions definitions(out);
-  for (const DataItem* data : datas) definitions.add(data);
+  for (const DataItem* data : datas)
+    definitions.add(data);
   out.close();
   return out.take();
 }
@@ -24,8 +25,7 @@ DataPaste pasteDatas(std::string_view clipboard, OmnikorLibXml& database, Target
   const std::string_view text = upToZero(clipboard);
   if (!target.datas()) return {};
   xml::Document document;
-  if (!document.loadXML(std::string(text)))
-    return pasteDatasText(text, target, person, takesLog);
+  if (!document.loadXML(std::string(text))) return pasteDatasText(text, target, person, takesLog);
   const xml::Node root = document.root();
   if (std::string_view(root.name()) != "Datas") {
     const CMultiLangEx& texts = language::global();
@@ -46,11 +46,10 @@ DataPaste pasteDatas(std::string_view clipboard, OmnikorLibXml& database, Target
   std::vector<DataItems::Pointer> added;
   std::unordered_set<std::string> names;
   for (const DataItems::Pointer& data : pasted.members()) {
-    const std::string name =
-        copies.freeName(data->dataName(), [&](const std::string& candidate) {
-          return target.datas()->ItemName(candidate) ||
-                 names.contains(std::string(FoldedKey(candidate).view()));
-        });
+    const std::string name = copies.freeName(data->dataName(), [&](const std::string& candidate) {
+      return target.datas()->ItemName(candidate) ||
+             names.contains(std::string(FoldedKey(candidate).view()));
+    });
     names.emplace(FoldedKey(name).view());
     data->setDataName(name);
     data->parent = &target;

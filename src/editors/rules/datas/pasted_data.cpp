@@ -84,7 +84,9 @@ std::shared_ptr<DataItem> readDataLine(const TabLine& line) {
   return data;
 }
 
-bool hasValueLines(const TabLine& line) { return lowerCase(line.trimmed(Type)) == "list"; }
+bool hasValueLines(const TabLine& line) {
+  return lowerCase(line.trimmed(Type)) == "list";
+}
 
 bool readValueLines(TabReader& reader, TabLine& line, DataItem& data, std::string& log) {
   std::unordered_map<std::int32_t, std::string> labelOf;

@@ -39,11 +39,20 @@ std::string escaped(std::string_view text) {
   std::string html;
   for (const char c : text) {
     switch (c) {
-    case '&': html += "&amp;"; break;
-    case '<': html += "&lt;"; break;
-    case '>': html += "&gt;"; break;
-    case '"': html += "&quot;"; break;
-    default: html += c;
+    case '&':
+      html += "&amp;";
+      break;
+    case '<':
+      html += "&lt;";
+      break;
+    case '>':
+      html += "&gt;";
+      break;
+    case '"':
+      html += "&quot;";
+      break;
+    default:
+      html += c;
     }
   }
   return html;
@@ -54,7 +63,8 @@ class Reader {
   explicit Reader(std::string_view rtf) : rtf_(rtf) { groups_.emplace_back(); }
 
   std::string html() {
-    while (at_ < rtf_.size()) step();
+    while (at_ < rtf_.size())
+      step();
     endParagraph(false);
     return "<html><body>" + html_ + "</body></html>";
   }
@@ -66,16 +76,22 @@ class Reader {
   void step() {
     const char c = rtf_[at_++];
     switch (c) {
-    case '{': flushBytes(); groups_.push_back(group()); break;
+    case '{':
+      flushBytes();
+      groups_.push_back(group());
+      break;
     case '}':
       flushBytes();
       skip_ = 0;
       if (groups_.size() > 1) groups_.pop_back();
       break;
-    case '\\': control(); break;
+    case '\\':
+      control();
+      break;
     case '\r':
     case '\n':
-    case '\0': break;
+    case '\0':
+      break;
     case ';':
       if (group().destination == Destination::Colours) {
         colours_.push_back(colour_);
@@ -83,7 +99,8 @@ class Reader {
         break;
       }
       [[fallthrough]];
-    default: character(c);
+    default:
+      character(c);
     }
   }
 
@@ -91,7 +108,8 @@ class Reader {
     if (skip_ > 0) {
       // A character of several bytes counts once.
       if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) --skip_;
-      while (at_ < rtf_.size() && (static_cast<unsigned char>(rtf_[at_]) & 0xC0) == 0x80) ++at_;
+      while (at_ < rtf_.size() && (static_cast<unsigned char>(rtf_[at_]) & 0xC0) == 0x80)
+        ++at_;
       return;
     }
     if (!shown()) return;
@@ -105,7 +123,8 @@ class Reader {
     if (first == '\'') return hexCharacter();
     if (first < 'A' || (first > 'Z' && first < 'a') || first > 'z') return symbol(first);
     const std::size_t start = at_;
-    while (at_ < rtf_.size() && std::isalpha(static_cast<unsigned char>(rtf_[at_]))) ++at_;
+    while (at_ < rtf_.size() && std::isalpha(static_cast<unsigned char>(rtf_[at_])))
+      ++at_;
     const std::string_view word = rtf_.substr(start, at_ - start);
     std::optional<int> number;
     int value = 0;
@@ -165,8 +184,8 @@ class Reader {
     if (word == "u") return unicode(number.value_or(0));
     flushBytes();
     static const std::map<std::string_view, std::string_view> characters{
-        {"tab", "\t"},       {"bullet", "•"},    {"emdash", "—"},    {"endash", "–"},
-        {"lquote", "‘"},     {"rquote", "’"},    {"ldblquote", "“"}, {"rdblquote", "”"},
+        {"tab", "\t"},         {"bullet", "•"},       {"emdash", "—"},    {"endash", "–"},
+        {"lquote", "‘"},       {"rquote", "’"},       {"ldblquote", "“"}, {"rdblquote", "”"},
         {"emspace", "\u2003"}, {"enspace", "\u2002"}, {"cell", "\t"}};
     if (const auto found = characters.find(word); found != characters.end())
       return literal(found->second);
@@ -211,10 +230,16 @@ class Reader {
   }
 
   void takeDocumentWord(std::string_view word, int number) {
-    static const std::set<std::string_view> hidden{
-        "stylesheet", "info",   "pict",    "header",   "footer",  "headerl", "headerr", "footerl",
-        "footerr",    "object", "fldinst", "footnote", "listtable", "listoverridetable",
-        "generator",  "themedata", "nonshppict", "xmlnstbl", "rsidtbl", "latentstyles"};
+    static const std::set<std::string_view> hidden{"stylesheet", "info",
+                                                   "pict",       "header",
+                                                   "footer",     "headerl",
+                                                   "headerr",    "footerl",
+                                                   "footerr",    "object",
+                                                   "fldinst",    "footnote",
+                                                   "listtable",  "listoverridetable",
+                                                   "generator",  "themedata",
+                                                   "nonshppict", "xmlnstbl",
+                                                   "rsidtbl",    "latentstyles"};
     Destination& destination = group().destination;
     if (word == "ansicpg") {
       page_ = number;

@@ -15,11 +15,13 @@ namespace kelmar {
 
 namespace {
 
-const CMultiLangEx& texts() { return language::global(); }
+const CMultiLangEx& texts() {
+  return language::global();
+}
 
 bool refuse(platform::Person& person, const char* key, std::string title, std::string text) {
-  person.message({key, std::move(title), std::move(text), platform::Buttons::Ok,
-                  platform::Icon::Exclamation});
+  person.message(
+      {key, std::move(title), std::move(text), platform::Buttons::Ok, platform::Icon::Exclamation});
   return false;
 }
 
@@ -31,10 +33,9 @@ bool refuseAddition(platform::Person& person, bool sameValue, std::int32_t value
       sameValue ? texts().getMultilangMessageDefault("Value {0} already exists.", existsKey,
                                                      std::to_string(value))
                 : texts().getMultilangMessageDefault("Label {0} already exists.", existsKey, label);
-  return refuse(person, existsKey,
-                texts().getMultilangMessageDefault("Input error",
-                                                   "DATALIST/MSG/CBaddNew_Click/title"),
-                text);
+  return refuse(
+      person, existsKey,
+      texts().getMultilangMessageDefault("Input error", "DATALIST/MSG/CBaddNew_Click/title"), text);
 }
 
 bool refuseChange(platform::Person& person, bool sameValue, std::int32_t value,
@@ -45,14 +46,13 @@ bool refuseChange(platform::Person& person, bool sameValue, std::int32_t value,
   constexpr char sameValueKey[] = "DATALIST/MSG/changeItem/valueAlreadyExistsError/text";
   if (sameValue)
     return refuse(person, sameValueKey, title,
-                  texts().getMultilangMessageDefault(
-                      "Value {0} already exists.{crlf}Old : {1}={2}", sameValueKey,
-                      std::to_string(value), old, row.label));
+                  texts().getMultilangMessageDefault("Value {0} already exists.{crlf}Old : {1}={2}",
+                                                     sameValueKey, std::to_string(value), old,
+                                                     row.label));
   constexpr char sameLabelKey[] = "DATALIST/MSG/changeItem/labelAlreadyExistsError/text";
   return refuse(person, sameLabelKey, title,
-                texts().getMultilangMessageDefault(
-                    "Label {0} already exists.{crlf}Old : {1}={2}", sameLabelKey, label, old,
-                    row.label));
+                texts().getMultilangMessageDefault("Label {0} already exists.{crlf}Old : {1}={2}",
+                                                   sameLabelKey, label, old, row.label));
 }
 
 } // namespace
@@ -63,8 +63,7 @@ void ValueList::bind(const DataItem* data) {
   if (!data || !data->DataListes) return;
   rows_.reserve(static_cast<std::size_t>(data->DataListes->Count()));
   for (const DataListeItem* item : *data->DataListes)
-    rows_.push_back(
-        std::make_unique<ValueRow>(ValueRow{item->Valeur, item->libelle, item->Info}));
+    rows_.push_back(std::make_unique<ValueRow>(ValueRow{item->Valeur, item->libelle, item->Info}));
 }
 
 void ValueList::SaveDataItems(DataItem& data) const {

@@ -38,8 +38,8 @@ class ValueList {
   /// The new row, null when it was refused.
   ValueRow* add(std::int32_t value, std::string_view label, std::string_view info,
                 platform::Person& person);
-  bool changeItem(ValueRow& row, std::int32_t value, std::string_view label,
-                  std::string_view info, platform::Person& person);
+  bool changeItem(ValueRow& row, std::int32_t value, std::string_view label, std::string_view info,
+                  platform::Person& person);
   bool cut(const std::vector<ValueRow*>& rows, platform::Person& person);
   /// Asks, then cleans the labels.
   bool normalize(const std::vector<ValueRow*>& rows, platform::Person& person);

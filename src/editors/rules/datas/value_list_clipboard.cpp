@@ -44,7 +44,8 @@ std::string copyValues(const std::vector<ValueRow*>& rows) {
 
 std::string copyValuesText(const std::vector<ValueRow*>& rows, bool& broken) {
   TabText text;
-  for (const ValueRow* row : rows) text.cell(row->value).cell(row->label).endLine();
+  for (const ValueRow* row : rows)
+    text.cell(row->value).cell(row->label).endLine();
   broken = text.hasBrokenCell();
   return text.text();
 }
@@ -54,7 +55,8 @@ std::string copyValuesText(const std::vector<ValueRow*>& rows, bool& broken) {
 class ValueList::Index {
  public:
   explicit Index(const std::vector<std::unique_ptr<ValueRow>>& rows) : rows_(rows) {
-    for (std::size_t place = 0; place < rows_.size(); ++place) add(place);
+    for (std::size_t place = 0; place < rows_.size(); ++place)
+      add(place);
   }
   /// Of the row at that place, the last one.
   void add(std::size_t place) {
@@ -137,8 +139,8 @@ bool ValueList::pasteText(std::string_view text, Index& index, platform::Person&
   return changed;
 }
 
-bool ValueList::UpdateOrAddItem(std::int32_t value, std::string_view label,
-                                std::string_view info, platform::Person& person) {
+bool ValueList::UpdateOrAddItem(std::int32_t value, std::string_view label, std::string_view info,
+                                platform::Person& person) {
   Index index(rows_);
   return updateOrAdd(value, label, info, index, person);
 }
@@ -151,14 +153,14 @@ bool ValueList::updateOrAdd(std::int32_t value, std::string_view labelText, std:
   if (sameValue && sameLabel) {
     constexpr char twoItemsKey[] = "DATALIST/MSG/UpdateOrAddItem/text";
     const CMultiLangEx& texts = language::global();
-    person.message({twoItemsKey,
-                    texts.getMultilangMessageDefault("Paste warning",
-                                                     "DATALIST/MSG/UpdateOrAddItem/title"),
-                    texts.getMultilangMessageDefault(
-                        "Unable to insert or modify item: {0}={1}{crlf}The value and label already "
-                        "exist in two different items",
-                        twoItemsKey, std::to_string(value), label),
-                    platform::Buttons::Ok, platform::Icon::Exclamation});
+    person.message(
+        {twoItemsKey,
+         texts.getMultilangMessageDefault("Paste warning", "DATALIST/MSG/UpdateOrAddItem/title"),
+         texts.getMultilangMessageDefault(
+             "Unable to insert or modify item: {0}={1}{crlf}The value and label already "
+             "exist in two different items",
+             twoItemsKey, std::to_string(value), label),
+         platform::Buttons::Ok, platform::Icon::Exclamation});
     return false;
   }
   if (sameValue) {

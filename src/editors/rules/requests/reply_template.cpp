@@ -19,16 +19,25 @@ std::vector<std::uint8_t> expectedReplyHead(const std::vector<std::uint8_t>& req
   if (service == 0x7F || service >= 0xBF) return {};
   std::size_t length = 1; // bytes of the request that the answer repeats
   switch (service) {
-  case 0x10: length = initMode == canDiagnosis ? 2 : 1; break;
+  case 0x10:
+    length = initMode == canDiagnosis ? 2 : 1;
+    break;
   case 0x21:
-  case 0x22: length = request.size(); break;
-  case 0x2E: length = 3; break;
+  case 0x22:
+    length = request.size();
+    break;
+  case 0x2E:
+    length = 3;
+    break;
   case 0x11:
   case 0x30:
   case 0x31:
   case 0x32:
-  case 0x3B: length = 2; break;
-  default: break;
+  case 0x3B:
+    length = 2;
+    break;
+  default:
+    break;
   }
   if (request.size() < length) return {};
   std::vector<std::uint8_t> head(request.begin(),

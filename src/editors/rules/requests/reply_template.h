@@ -9,7 +9,8 @@
 namespace kelmar {
 
 /// The bytes with which a positive answer to this request begins; empty where the protocol says
-/// nothing: no request bytes, a request that is too short for its service, service 7F or from BF on.
+/// nothing: no request bytes, a request that is too short for its service, service 7F or from BF
+/// on.
 std::vector<std::uint8_t> expectedReplyHead(const std::vector<std::uint8_t>& request,
                                             std::int32_t initMode);
 

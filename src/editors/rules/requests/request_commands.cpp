@@ -35,8 +35,8 @@ RequestItems& requestsOf(TargetItem& target) {
 
 RequestItem* newRequest(TargetItem& target) {
   RequestItems& requests = requestsOf(target);
-  RequestItem* request = requests.Add(freeNewName(
-      [&](const std::string& name) { return requests.ItemName(name) != nullptr; }));
+  RequestItem* request = requests.Add(
+      freeNewName([&](const std::string& name) { return requests.ItemName(name) != nullptr; }));
   request->parent = &target;
   request->RequestBytes = std::make_shared<FrameBuffer>();
   request->RequestBytes->setHexText("2180");
@@ -48,9 +48,8 @@ void renameTyped(TargetItem& target, RequestItem& request, const std::string& ty
   target.RenameRequest(&request, typedName(typed));
 }
 
-RequestSelection
-renameRequests(TargetItem& target, const RequestSelection& requests,
-               const std::function<std::string(const std::string&)>& newName) {
+RequestSelection renameRequests(TargetItem& target, const RequestSelection& requests,
+                                const std::function<std::string(const std::string&)>& newName) {
   std::vector<TargetItem::RequestRename> renames;
   for (RequestItem* request : requests) {
     std::string name = newName(request->requestName);

@@ -33,9 +33,9 @@ std::vector<MenuEntry> screensOfRequest(const TargetItem& target, const RequestI
     if (!button || button == last || !button->parent) continue;
     last = button;
     const bool init = button == button->parent->ButtonInit.get();
-    entries.push_back(screenEntry(
-        *button->parent, init ? " [init scenario]" : " [button : " + button->caption + "]",
-        button->caption));
+    entries.push_back(screenEntry(*button->parent,
+                                  init ? " [init scenario]" : " [button : " + button->caption + "]",
+                                  button->caption));
   }
   return entries;
 }

@@ -16,17 +16,26 @@ namespace {
 using Entries = std::vector<MenuEntry>;
 
 /// Keys that need nothing but an open ECU.
-constexpr std::string_view withoutSelection[] = {
-    "new",  "paste", "find",  "PopupReqPaste", "mnuRequestSelectAll",
-    "mnuRequestSelect", "mnuRequestSelectMaintenability", "mnuRequestSelectManualSend",
-    "mnuRequestSelectWithParam", "mnuRequestSelectWithoutParam", "PopupReplyTemplate",
-    "PopupReplyTemplateNormalizeAll", "mnuTradConfig", "mnuTradConfigSelectWriteRequests"};
+constexpr std::string_view withoutSelection[] = {"new",
+                                                 "paste",
+                                                 "find",
+                                                 "PopupReqPaste",
+                                                 "mnuRequestSelectAll",
+                                                 "mnuRequestSelect",
+                                                 "mnuRequestSelectMaintenability",
+                                                 "mnuRequestSelectManualSend",
+                                                 "mnuRequestSelectWithParam",
+                                                 "mnuRequestSelectWithoutParam",
+                                                 "PopupReplyTemplate",
+                                                 "PopupReplyTemplateNormalizeAll",
+                                                 "mnuTradConfig",
+                                                 "mnuTradConfigSelectWriteRequests"};
 
 /// Keys that act on the request in the fields.
-constexpr std::string_view onActive[] = {"valid", "save", "rename",
-                                         "PopupReplyTemplateNormalize"};
+constexpr std::string_view onActive[] = {"valid", "save", "rename", "PopupReplyTemplateNormalize"};
 
-template <std::size_t n> bool holds(const std::string_view (&keys)[n], std::string_view key) {
+template <std::size_t n>
+bool holds(const std::string_view (&keys)[n], std::string_view key) {
   return std::find(std::begin(keys), std::end(keys), key) != std::end(keys);
 }
 
@@ -92,35 +101,34 @@ Entries gotoEntries(const RequestPageState& state, const TargetItem* target,
 }
 
 Entries clipboardEntries(const Menu& menu) {
-  return {menu.command("PopupReqCut", text("Cut", "REQUESTS/CONTROLS/PopupReqCut/caption"), "Ctrl+X"),
-          menu.command("PopupReqCopy", text("Copy", "REQUESTS/CONTROLS/PopupReqCopy/caption"),
-                       "Ctrl+C"),
-          menu.command("PopupReqCopyText",
-                       text("Copy as text (for a spreadsheet)",
-                            "REQUESTS/CONTROLS/PopupReqCopyText/caption")),
-          menu.command("PopupReqPaste", text("Paste", "REQUESTS/CONTROLS/PopupReqPaste/caption"),
-                       "Ctrl+V"),
-          Menu::separator("sepPopupReqClipboard")};
+  return {
+      menu.command("PopupReqCut", text("Cut", "REQUESTS/CONTROLS/PopupReqCut/caption"), "Ctrl+X"),
+      menu.command("PopupReqCopy", text("Copy", "REQUESTS/CONTROLS/PopupReqCopy/caption"),
+                   "Ctrl+C"),
+      menu.command("PopupReqCopyText", text("Copy as text (for a spreadsheet)",
+                                            "REQUESTS/CONTROLS/PopupReqCopyText/caption")),
+      menu.command("PopupReqPaste", text("Paste", "REQUESTS/CONTROLS/PopupReqPaste/caption"),
+                   "Ctrl+V"),
+      Menu::separator("sepPopupReqClipboard")};
 }
 
 Entries selectionEntries(const Menu& menu) {
   return {
       menu.command("mnuRequestSelectAll",
                    text("Select all", "REQUESTS/CONTROLS/mnuRequestSelectAll/caption"), "Ctrl+A"),
-      menu.below(
-          "mnuRequestSelect", text("Select", "REQUESTS/CONTROLS/mnuRequestSelect/caption"),
-          {menu.command("mnuRequestSelectMaintenability",
-                        text("Requests of the maintainability report",
-                             "REQUESTS/CONTROLS/mnuRequestSelectMaintenability/caption")),
-           menu.command("mnuRequestSelectManualSend",
-                        text("Requests sent manually",
-                             "REQUESTS/CONTROLS/mnuRequestSelectManualSend/caption")),
-           menu.command("mnuRequestSelectWithParam",
-                        text("Requests with parameters",
-                             "REQUESTS/CONTROLS/mnuRequestSelectWithParam/caption")),
-           menu.command("mnuRequestSelectWithoutParam",
-                        text("Requests without parameters",
-                             "REQUESTS/CONTROLS/mnuRequestSelectWithoutParam/caption"))}),
+      menu.below("mnuRequestSelect", text("Select", "REQUESTS/CONTROLS/mnuRequestSelect/caption"),
+                 {menu.command("mnuRequestSelectMaintenability",
+                               text("Requests of the maintainability report",
+                                    "REQUESTS/CONTROLS/mnuRequestSelectMaintenability/caption")),
+                  menu.command("mnuRequestSelectManualSend",
+                               text("Requests sent manually",
+                                    "REQUESTS/CONTROLS/mnuRequestSelectManualSend/caption")),
+                  menu.command("mnuRequestSelectWithParam",
+                               text("Requests with parameters",
+                                    "REQUESTS/CONTROLS/mnuRequestSelectWithParam/caption")),
+                  menu.command("mnuRequestSelectWithoutParam",
+                               text("Requests without parameters",
+                                    "REQUESTS/CONTROLS/mnuRequestSelectWithoutParam/caption"))}),
       Menu::separator("sepPopupReqSelect")};
 }
 
@@ -129,37 +137,35 @@ Entries flagEntries(const Menu& menu) {
   const std::string clear = text("Clear", "REQUESTS/CONTROLS/PopupReqManuelClear/caption");
   const std::string setReport = text("Set", "REQUESTS/CONTROLS/PopupReqDMSet/caption");
   const std::string clearReport = text("Clear", "REQUESTS/CONTROLS/PopupReqDMClear/caption");
-  return {
-      menu.below("PopupReqManuel",
-                 text("Manual send", "REQUESTS/CONTROLS/PopupReqManuel/caption"),
-                 {menu.command("PopupReqManuelSet", set), menu.command("PopupReqManuelClear", clear)}),
-      menu.below("PopupReqDM",
-                 text("Maintainability report", "REQUESTS/CONTROLS/PopupReqDM/caption"),
-                 {menu.command("PopupReqDMSet", setReport),
-                  menu.command("PopupReqDMClear", clearReport)}),
-      menu.below("PopupReqRef", text("References", "REQUESTS/CONTROLS/PopupReqRef/caption"),
-                 {menu.command("PopupReqRefParamSet",
-                               text("Set for all parameters",
-                                    "REQUESTS/CONTROLS/PopupReqRefParamSet/caption"),
-                               "Ctrl+Alt+A"),
-                  menu.command("PopupReqRefParamClear",
-                               text("Clear for all parameters",
-                                    "REQUESTS/CONTROLS/PopupReqRefParamClear/caption"),
-                               "Ctrl+Alt+Q"),
-                  menu.command("PopupReqRefDataSet",
-                               text("Set for all received data",
-                                    "REQUESTS/CONTROLS/PopupReqRefDataSet/caption"),
-                               "Ctrl+Alt+P"),
-                  menu.command("PopupReqRefDataClear",
-                               text("Clear for all received data",
-                                    "REQUESTS/CONTROLS/PopupReqRefDataClear/caption"),
-                               "Ctrl+Alt+M")})};
+  return {menu.below(
+              "PopupReqManuel", text("Manual send", "REQUESTS/CONTROLS/PopupReqManuel/caption"),
+              {menu.command("PopupReqManuelSet", set), menu.command("PopupReqManuelClear", clear)}),
+          menu.below("PopupReqDM",
+                     text("Maintainability report", "REQUESTS/CONTROLS/PopupReqDM/caption"),
+                     {menu.command("PopupReqDMSet", setReport),
+                      menu.command("PopupReqDMClear", clearReport)}),
+          menu.below("PopupReqRef", text("References", "REQUESTS/CONTROLS/PopupReqRef/caption"),
+                     {menu.command("PopupReqRefParamSet",
+                                   text("Set for all parameters",
+                                        "REQUESTS/CONTROLS/PopupReqRefParamSet/caption"),
+                                   "Ctrl+Alt+A"),
+                      menu.command("PopupReqRefParamClear",
+                                   text("Clear for all parameters",
+                                        "REQUESTS/CONTROLS/PopupReqRefParamClear/caption"),
+                                   "Ctrl+Alt+Q"),
+                      menu.command("PopupReqRefDataSet",
+                                   text("Set for all received data",
+                                        "REQUESTS/CONTROLS/PopupReqRefDataSet/caption"),
+                                   "Ctrl+Alt+P"),
+                      menu.command("PopupReqRefDataClear",
+                                   text("Clear for all received data",
+                                        "REQUESTS/CONTROLS/PopupReqRefDataClear/caption"),
+                                   "Ctrl+Alt+M")})};
 }
 
 Entries replyEntries(const Menu& menu) {
   return {menu.below(
-      "PopupReplyTemplate",
-      text("Reply template", "REQUESTS/CONTROLS/PopupReplyTemplate/caption"),
+      "PopupReplyTemplate", text("Reply template", "REQUESTS/CONTROLS/PopupReplyTemplate/caption"),
       {menu.command("PopupReplyTemplateNormalize",
                     text("Normalize", "REQUESTS/CONTROLS/PopupReplyTemplateNormalize/caption")),
        menu.command("PopupReplyTemplateNormalizeAll",
@@ -172,16 +178,16 @@ Entries nameEntries(const Menu& menu) {
       menu.command("PopupReqNormalize",
                    text("Normalize names", "REQUESTS/CONTROLS/PopupReqNormalize/caption")),
       menu.below(
-          "PopupReqChCase", text("Change case of names", "REQUESTS/CONTROLS/PopupReqChCase/caption"),
+          "PopupReqChCase",
+          text("Change case of names", "REQUESTS/CONTROLS/PopupReqChCase/caption"),
           {menu.command("PopupReqUcase",
                         text("UPPERCASE", "REQUESTS/CONTROLS/PopupReqUcase/caption")),
            menu.command("PopupReqlcase",
                         text("lowercase", "REQUESTS/CONTROLS/PopupReqlcase/caption")),
            menu.command("PopupReqCapword",
                         text("Capitalize words", "REQUESTS/CONTROLS/PopupReqCapword/caption")),
-           menu.command("PopupReqCapword1",
-                        text("Capitalize first letters",
-                             "REQUESTS/CONTROLS/PopupReqCapword1/caption"))}),
+           menu.command("PopupReqCapword1", text("Capitalize first letters",
+                                                 "REQUESTS/CONTROLS/PopupReqCapword1/caption"))}),
       menu.command("PopupReqReplace",
                    text("Replace in names...", "REQUESTS/CONTROLS/PopupReqReplace/caption")),
       Menu::separator("sepPopupReqNames")};
@@ -190,18 +196,16 @@ Entries nameEntries(const Menu& menu) {
 Entries outputEntries(const Menu& menu, bool canRvt) {
   Entries entries;
   if (canRvt)
-    entries.push_back(menu.command("mnuGenerateRVTtests",
-                                   text("Generate RVT2000 tests for selected requests",
-                                        "REQUESTS/CONTROLS/mnuGenerateRVTtests/caption")));
+    entries.push_back(
+        menu.command("mnuGenerateRVTtests", text("Generate RVT2000 tests for selected requests",
+                                                 "REQUESTS/CONTROLS/mnuGenerateRVTtests/caption")));
   entries.push_back(menu.below(
-      "mnuTradConfig",
-      text("Configuration by writing", "REQUESTS/CONTROLS/mnuTradConfig/caption"),
+      "mnuTradConfig", text("Configuration by writing", "REQUESTS/CONTROLS/mnuTradConfig/caption"),
       {menu.command("mnuTradConfigSelectWriteRequests",
                     text("Select requests that write",
                          "REQUESTS/CONTROLS/mnuTradConfigSelectWriteRequests/caption")),
-       menu.command("mnuTradConfigCopy",
-                    text("Copy data of selected requests",
-                         "REQUESTS/CONTROLS/mnuTradConfigCopy/caption"))}));
+       menu.command("mnuTradConfigCopy", text("Copy data of selected requests",
+                                              "REQUESTS/CONTROLS/mnuTradConfigCopy/caption"))}));
   entries.push_back(Menu::separator("sepPopupReqOutput"));
   entries.push_back(
       menu.command("PopupReqHelp", text("Help", "REQUESTS/CONTROLS/PopupReqHelp/caption"), "F1"));

@@ -12,11 +12,11 @@ namespace kelmar {
 
 /// What the commands of the request page depend on.
 struct RequestPageState {
-  bool open = false;          ///< an ECU is shown
-  bool active = false;        ///< a request is in the fields
-  int selected = 0;           ///< rows
-  bool pending = false;       ///< something is typed that its item does not have
-  bool canRvt = false;        ///< test scenarios can be generated
+  bool open = false;    ///< an ECU is shown
+  bool active = false;  ///< a request is in the fields
+  int selected = 0;     ///< rows
+  bool pending = false; ///< something is typed that its item does not have
+  bool canRvt = false;  ///< test scenarios can be generated
   bool hasScreensPage = false, hasDevicesPage = false, hasDidPage = false;
 
   friend bool operator==(const RequestPageState&, const RequestPageState&) = default;

@@ -6,7 +6,9 @@ namespace kelmar {
 
 namespace {
 
-constexpr KeyedText confirmTitle(const char* key) { return {key, "User confirm"}; }
+constexpr KeyedText confirmTitle(const char* key) {
+  return {key, "User confirm"};
+}
 
 // Upper and lower case share the titles of other commands, and the texts of some speak of data: so
 // they stand in the language files.
@@ -48,7 +50,9 @@ const RequestNameCommand commands[] = {
 
 } // namespace
 
-std::span<const RequestNameCommand> requestNameCommands() { return commands; }
+std::span<const RequestNameCommand> requestNameCommands() {
+  return commands;
+}
 
 const NameCommand* requestNameCommand(std::string_view entry) {
   for (const RequestNameCommand& row : commands)

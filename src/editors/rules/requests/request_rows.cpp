@@ -35,21 +35,24 @@ RequestFinding findingOf(const RequestItem& request, const TargetItem& target) {
 
 std::string findingToolTip(RequestFinding finding) {
   switch (finding) {
-  case RequestFinding::StraySpaces: return spacesText();
+  case RequestFinding::StraySpaces:
+    return spacesText();
   case RequestFinding::ParameterOnServiceByte:
     return text("Warning : There is parameter on service code.",
                 "REQUESTS/MSG/setRequestListView/parameterOnServiceByte/text");
   case RequestFinding::DataOnServiceByte:
     return text("Warning : There is data on service code.",
                 "REQUESTS/MSG/setRequestListView/dataOnFirstByte/text");
-  case RequestFinding::None: break;
+  case RequestFinding::None:
+    break;
   }
   return {};
 }
 
 std::string findingText(RequestFinding finding) {
   switch (finding) {
-  case RequestFinding::StraySpaces: return spacesText();
+  case RequestFinding::StraySpaces:
+    return spacesText();
   case RequestFinding::ParameterOnServiceByte:
     return text("Request with parameter on service byte. It's dangerous to put parameter on "
                 "service code. Use parameter on field that can be changed by users.",
@@ -58,17 +61,22 @@ std::string findingText(RequestFinding finding) {
     return text("Request with data on 1st byte. It's useless to inform this byte which is "
                 "automatically controlled by Omnikor to verify the conformity with the protocol.",
                 "REQUESTS/MSG/ShowErrorMsg/dataOnFirstByte/text");
-  case RequestFinding::None: break;
+  case RequestFinding::None:
+    break;
   }
   return {};
 }
 
 std::string requestCell(const RequestItem& request, int column) {
   switch (column) {
-  case RequestNameColumn: return request.requestName;
-  case SendBytesColumn: return request.RequestBytes ? request.RequestBytes->HexText() : "";
-  case RequestCommentColumn: return request.Commentaire;
-  default: return {};
+  case RequestNameColumn:
+    return request.requestName;
+  case SendBytesColumn:
+    return request.RequestBytes ? request.RequestBytes->HexText() : "";
+  case RequestCommentColumn:
+    return request.Commentaire;
+  default:
+    return {};
   }
 }
 

@@ -46,8 +46,8 @@ std::string copyRequestsText(const RequestSelection& requests, bool& broken) {
     text.cell(request->Commentaire);
     text.endLine();
     if (!request->DataPositions || request->DataPositions->Count() == 0) continue;
-    text.line({"'", "Send or Receive", "Data Name", "Start byte", "Offset bit", "Little Endian",
-               "ref"});
+    text.line(
+        {"'", "Send or Receive", "Data Name", "Start byte", "Offset bit", "Little Endian", "ref"});
     addPositions(text, *request->DataPositions, true);
     addPositions(text, *request->DataPositions, false);
   }
@@ -93,22 +93,21 @@ class RequestTextPaste {
     const CMultiLangEx& texts = language::global();
     const std::string name(line.trimmed(0));
     if (characterCount(name) > longestPastedName) {
-      warnings_ += texts.getMultilangMessageDefault(
-                       "Request name '{0}' is too long. Up to {1} characters.",
-                       "REQUESTS/MSG/pasteDataFromExcel/nameTooLong/text", name,
-                       std::to_string(longestPastedName)) +
-                   "\r\n";
+      warnings_ +=
+          texts.getMultilangMessageDefault("Request name '{0}' is too long. Up to {1} characters.",
+                                           "REQUESTS/MSG/pasteDataFromExcel/nameTooLong/text", name,
+                                           std::to_string(longestPastedName)) +
+          "\r\n";
       return false;
     }
     RequestItem* existing = requestsOf(target_).ItemName(name);
-    if (existing &&
-        isAgreed("REQUESTS/MSG/pasteDataFromExcel/requestAlreadyExists/text",
-                 texts.getMultilangMessageDefault(
-                     "Request '{0}' already exists. Do you want to update parameters ?",
-                     "REQUESTS/MSG/pasteDataFromExcel/requestAlreadyExists/text", name),
-                 texts.getMultilangMessageDefault(
-                     "Confirm update",
-                     "REQUESTS/MSG/pasteDataFromExcel/requestAlreadyExists/title"))) {
+    if (existing && isAgreed("REQUESTS/MSG/pasteDataFromExcel/requestAlreadyExists/text",
+                             texts.getMultilangMessageDefault(
+                                 "Request '{0}' already exists. Do you want to update parameters ?",
+                                 "REQUESTS/MSG/pasteDataFromExcel/requestAlreadyExists/text", name),
+                             texts.getMultilangMessageDefault(
+                                 "Confirm update",
+                                 "REQUESTS/MSG/pasteDataFromExcel/requestAlreadyExists/title"))) {
       request_ = existing;
       fresh_ = nullptr;
       result_.changed = true;
@@ -142,7 +141,8 @@ class RequestTextPaste {
     if (line.has(3)) request.RequestBytes = frameOf(line.trimmed(3), "2180");
     if (line.has(4)) request.LgVariable = line.flag(4);
     if (line.has(5)) request.LengthDatas = cellNumber(line.trimmed(5), 0, longestPastedFrame, 1);
-    if (line.has(6)) request.ShiftBytesCount = cellNumber(line.trimmed(6), 0, longestPastedFrame, 0);
+    if (line.has(6))
+      request.ShiftBytesCount = cellNumber(line.trimmed(6), 0, longestPastedFrame, 0);
     if (line.has(7)) request.ReplyBytes = frameOf(line.trimmed(7), "");
     if (line.has(8)) request.AccesTous = line.flag(8);
     if (line.has(9)) request.AccesUsine = line.flag(9);
@@ -156,14 +156,14 @@ class RequestTextPaste {
   const DataItem* dataOf(const std::string& name) {
     if (const DataItem* data = datas_.find(name)) return data;
     const CMultiLangEx& texts = language::global();
-    if (!isAgreed("REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text",
-                  texts.getMultilangMessageDefault(
-                      "Data '{0}' doesn't exist. Do you want to create this data with default "
-                      "parameters (numeric, 8 bits)?",
-                      "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text", name),
-                  texts.getMultilangMessageDefault(
-                      "Confirm data creation",
-                      "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/title")))
+    if (!isAgreed(
+            "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text",
+            texts.getMultilangMessageDefault(
+                "Data '{0}' doesn't exist. Do you want to create this data with default "
+                "parameters (numeric, 8 bits)?",
+                "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/text", name),
+            texts.getMultilangMessageDefault(
+                "Confirm data creation", "REQUESTS/MSG/pasteDataFromExcel/dataDoesntExist/title")))
       return nullptr;
     result_.changed = true;
     return datas_.addDefault(name);
@@ -197,13 +197,13 @@ class RequestTextPaste {
 
   void updatePosition(DataPositionItem& present, const DataPositionItem& pasted) {
     const CMultiLangEx& texts = language::global();
-    if (!isAgreed("REQUESTS/MSG/pasteDataFromExcel/dataAlreadyExists/text",
-                  texts.getMultilangMessageDefault(
-                      "Data '{0}' already used in this request. Update data position parameters?",
-                      "REQUESTS/MSG/pasteDataFromExcel/dataAlreadyExists/text", present.dataName),
-                  texts.getMultilangMessageDefault(
-                      "Confirm data update",
-                      "REQUESTS/MSG/pasteDataFromExcel/dataAlreadyExists/title")))
+    if (!isAgreed(
+            "REQUESTS/MSG/pasteDataFromExcel/dataAlreadyExists/text",
+            texts.getMultilangMessageDefault(
+                "Data '{0}' already used in this request. Update data position parameters?",
+                "REQUESTS/MSG/pasteDataFromExcel/dataAlreadyExists/text", present.dataName),
+            texts.getMultilangMessageDefault(
+                "Confirm data update", "REQUESTS/MSG/pasteDataFromExcel/dataAlreadyExists/title")))
       return;
     present.LittleEndian = pasted.LittleEndian;
     present.StartBit = pasted.StartBit;
@@ -226,10 +226,10 @@ class RequestTextPaste {
   }
 
   void showWarnings() {
-    person_.message({"REQUESTS/MSG/warning/text",
-                     language::global().getMultilangMessageDefault("Warning",
-                                                                   "REQUESTS/MSG/warning/text"),
-                     warnings_, platform::Buttons::Ok, platform::Icon::Exclamation});
+    person_.message(
+        {"REQUESTS/MSG/warning/text",
+         language::global().getMultilangMessageDefault("Warning", "REQUESTS/MSG/warning/text"),
+         warnings_, platform::Buttons::Ok, platform::Icon::Exclamation});
   }
 
   TargetItem& target_;

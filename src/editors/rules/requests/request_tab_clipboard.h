@@ -13,8 +13,8 @@ namespace kelmar {
 /// paste finds other cells.
 std::string copyRequestsText(const RequestSelection& requests, bool& broken);
 
-/// Reads the same form. What is wrong in a line leaves out what it concerns; names that are too long
-/// are told at the end. The person is asked about what exists already and about unknown data.
+/// Reads the same form. What is wrong in a line leaves out what it concerns; names that are too
+/// long are told at the end. The person is asked about what exists already and about unknown data.
 RequestPaste pasteDataFromExcel(const std::string& text, TargetItem& target,
                                 platform::Person& person);
 

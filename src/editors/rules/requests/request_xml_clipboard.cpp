@@ -59,8 +59,7 @@ std::string missingDatas(const TargetItem& target, xml::Node request) {
   return missing;
 }
 
-void tellMissing(const std::string& request, const std::string& missing,
-                 platform::Person& person) {
+void tellMissing(const std::string& request, const std::string& missing, platform::Person& person) {
   const CMultiLangEx& texts = language::global();
   person.message({"REQUESTS/MSG/pasteData/text",
                   texts.getMultilangMessageDefault("Error", "REQUESTS/MSG/pasteData/title"),
@@ -95,9 +94,8 @@ RequestPaste pasteRequestsXml(const xml::Document& document, OmnikorLibXml& data
   CopyNames names;
   for (auto& request : pasted.members()) {
     const std::string loadedName = request->requestName;
-    request->requestName = names.freeName(loadedName, [&](const std::string& name) {
-      return requests.ItemName(name) != nullptr;
-    });
+    request->requestName = names.freeName(
+        loadedName, [&](const std::string& name) { return requests.ItemName(name) != nullptr; });
     if (request->DataPositions) {
       for (DataPositionItem* position : *request->DataPositions)
         if (position->reference && references.isInDatasRef(position->dataName))

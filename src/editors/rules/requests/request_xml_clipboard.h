@@ -13,18 +13,18 @@ namespace kelmar {
 
 /// What a paste did.
 struct RequestPaste {
-  bool changed = false; ///< something of the model is another
+  bool changed = false;             ///< something of the model is another
   std::string lastRequestName = {}; ///< to be chosen in the list; empty: as before
 };
 
 /// The requests with the definitions of their data, as a document with the root `Requests`. A
-/// request without list of positions gets an empty one. Raises Failure 1 for a text that no document
-/// can hold.
+/// request without list of positions gets an empty one. Raises Failure 1 for a text that no
+/// document can hold.
 std::string copyRequests(const TargetItem& target, const RequestSelection& requests);
 
-/// Adds the requests of such a document, under "Copy " names where their own are taken, and the data
-/// that the ECU does not know. Tells, request by request, which data are missing. A document with
-/// another root changes nothing.
+/// Adds the requests of such a document, under "Copy " names where their own are taken, and the
+/// data that the ECU does not know. Tells, request by request, which data are missing. A document
+/// with another root changes nothing.
 RequestPaste pasteRequestsXml(const xml::Document& document, OmnikorLibXml& database,
                               TargetItem& target, platform::Person& person);
 
