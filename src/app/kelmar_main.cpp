@@ -8,6 +8,7 @@
 #include "desktop/http_fetch.h"
 #include "desktop/platform_texts.h"
 #include "desktop/qt_text.h"
+#include "desktop/readable_style.h"
 #include "desktop/settings_store.h"
 #include "frame/rules/command_string.h"
 
@@ -129,6 +130,7 @@ int main(int argc, char** argv) {
   // The words were read above; the toolkit gets none, so that it knows no option of its own.
   int noArguments = 1;
   QApplication application(noArguments, argv);
+  QApplication::setStyle(new kelmar::desktop::ReadableStyle);
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName(QStringLiteral("kelmar"));
   QApplication::setApplicationDisplayName(QString());
