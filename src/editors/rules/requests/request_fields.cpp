@@ -76,7 +76,11 @@ bool isFrameText(const std::string& text) {
 
 std::string requestLengthText(const std::string& text) {
   const std::size_t bytes = characterCount(text) / 2;
-  return "(" + std::to_string(bytes) + (bytes < 2 ? " byte)" : " bytes)");
+  const std::string number = std::to_string(bytes);
+  const CMultiLangEx& texts = language::global();
+  return bytes < 2
+             ? texts.getMultilangMessageDefault("({0} byte)", "REQUESTS/MSG/length/one", number)
+             : texts.getMultilangMessageDefault("({0} bytes)", "REQUESTS/MSG/length/more", number);
 }
 
 } // namespace kelmar
