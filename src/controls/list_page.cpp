@@ -5,6 +5,7 @@
 #include "common/find_next.h"
 #include "controls/hourglass.h"
 #include "controls/page_keys.h"
+#include "controls/silence_children.h"
 #include "desktop/qt_text.h"
 #include "language/error_box.h"
 #include "language/multi_lang.h"
@@ -43,11 +44,8 @@ ListPage::ListPage(platform::Person& person, FindTexts find, QWidget* parent)
     : Page(parent), person_(person), findTexts_(find), edits_([this] { emit OnChange(); }) {}
 
 ListPage::~ListPage() {
-  // What the page held is gone, its children are not: a field that loses the focus would still tell
-  // what was typed, and the list would ask for its texts.
-  for (QObject* child : findChildren<QObject*>())
-    child->disconnect(this);
-  if (list_) list_->rows().setRows({});
+  silenceChildren(*this);
+  if (list_) list_->rows().setRows({}); // it would ask for the texts of its rows
 }
 
 void ListPage::useList(ListView& list, QLabel& count) {

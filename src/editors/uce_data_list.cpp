@@ -4,6 +4,7 @@
 
 #include "base/conversions.h"
 #include "controls/named.h"
+#include "controls/silence_children.h"
 #include "desktop/clipboard.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
@@ -44,9 +45,7 @@ UceDataList::UceDataList(platform::Person& person, QWidget* parent)
 }
 
 UceDataList::~UceDataList() {
-  // A field that loses the focus because the control goes would still tell what was typed.
-  for (QObject* child : findChildren<QObject*>())
-    child->disconnect(this);
+  silenceChildren(*this);
   LVmain->rows().setRows({}); // its functions know this control
 }
 

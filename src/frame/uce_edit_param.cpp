@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "base/version.h"
 #include "controls/page_keys.h"
+#include "controls/silence_children.h"
 #include "desktop/document_text.h"
 #include "desktop/qt_text.h"
 #include "desktop/translate_control.h"
@@ -67,9 +68,7 @@ UceEditParam::UceEditParam(platform::Person& person, QWidget* parent)
 }
 
 UceEditParam::~UceEditParam() {
-  // A field that loses the focus as the page goes would still tell what was typed.
-  for (QObject* child : findChildren<QObject*>())
-    child->disconnect(this);
+  silenceChildren(*this);
 }
 
 void UceEditParam::InitControl() {

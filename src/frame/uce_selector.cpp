@@ -4,6 +4,7 @@
 
 #include "base/failure.h"
 #include "controls/command_table.h"
+#include "controls/silence_children.h"
 #include "desktop/dropped_file.h"
 #include "desktop/qt_text.h"
 #include "frame/ecu_selector.h"
@@ -46,9 +47,7 @@ UceSelector::UceSelector(Machine machine, QWidget* parent)
 }
 
 UceSelector::~UceSelector() {
-  // A field that loses the focus as the page goes would still tell what was typed.
-  for (QObject* child : findChildren<QObject*>())
-    child->disconnect(this);
+  silenceChildren(*this);
   if (parts_->database) parts_->database->ClearTarget();
 }
 
