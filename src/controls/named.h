@@ -26,6 +26,14 @@ inline QLineEdit* textField(const char* name, QWidget* parent) {
   return field;
 }
 
+/// A push button, a check box or a radio button with its text.
+template <class Button>
+Button* button(const char* name, const char* text, QWidget* parent) {
+  auto* made = named<Button>(name, parent);
+  made->setText(QLatin1String(text));
+  return made;
+}
+
 /// The label in front of a control.
 inline QLabel* caption(const char* name, const char* text, QWidget* buddy, QWidget* parent) {
   auto* label = named<QLabel>(name, parent);

@@ -91,8 +91,7 @@ void PositionPane::makeControls() {
   ValStartOctet->SetMinMax(1, std::numeric_limits<std::int32_t>::max());
   ValStartBit->SetMinMax(0, 7);
   ValStartBit->setBaseButtonVisible(false);
-  CheckLittleEndian = named<QCheckBox>("CheckLittleEndian", this);
-  CheckLittleEndian->setText(QStringLiteral("Little Endian (f - F)"));
+  CheckLittleEndian = button<QCheckBox>("CheckLittleEndian", "Little Endian (f - F)", this);
   CBadd = named<QPushButton>("CBadd", this);
   CBadd->setToolTip(QStringLiteral("Add new data"));
   CBadd->setAutoDefault(false);

@@ -28,13 +28,6 @@ using desktop::qs;
 
 namespace {
 
-template <class Button>
-Button* button(const char* name, const char* caption, QWidget* parent) {
-  Button* made = named<Button>(name, parent);
-  made->setText(QLatin1String(caption));
-  return made;
-}
-
 void addField(QFormLayout& form, const char* name, const char* text, QWidget* field) {
   form.addRow(caption(name, text, field, field->parentWidget()), field);
 }

@@ -25,12 +25,6 @@ namespace kelmar {
 
 namespace {
 
-QCheckBox* box(const char* name, const char* text, QWidget* parent) {
-  auto* made = named<QCheckBox>(name, parent);
-  made->setText(QLatin1String(text));
-  return made;
-}
-
 ZEMnumeric* number(const char* name, QWidget* parent) {
   auto* field = named<ZEMnumeric>(name, parent);
   field->SetMinMax(0, std::numeric_limits<std::int32_t>::max());
@@ -145,11 +139,11 @@ QWidget* UceRequests::Parts::makeCommonFields() {
   TextComment->setFixedHeight(TextComment->fontMetrics().lineSpacing() * 2 + 14);
   grid->addWidget(caption("lblComment", "Comment", TextComment, form), 0, 0, Qt::AlignTop);
   grid->addWidget(TextComment, 0, 1);
-  CheckAccesAll = box("CheckAccesAll", "Without", form);
-  CheckUsine = box("CheckUsine", "Plant", form);
-  CheckApresVente = box("CheckApresVente", "After sales", form);
-  CheckEtude = box("CheckEtude", "Engineering", form);
-  CheckConstructeur = box("CheckConstructeur", "Supplier", form);
+  CheckAccesAll = button<QCheckBox>("CheckAccesAll", "Without", form);
+  CheckUsine = button<QCheckBox>("CheckUsine", "Plant", form);
+  CheckApresVente = button<QCheckBox>("CheckApresVente", "After sales", form);
+  CheckEtude = button<QCheckBox>("CheckEtude", "Engineering", form);
+  CheckConstructeur = button<QCheckBox>("CheckConstructeur", "Supplier", form);
   auto* access = new QHBoxLayout;
   for (QCheckBox* check :
        {CheckAccesAll, CheckUsine, CheckApresVente, CheckEtude, CheckConstructeur})
@@ -160,8 +154,8 @@ QWidget* UceRequests::Parts::makeCommonFields() {
   grid->addWidget(lblAccess, 1, 0);
   grid->addLayout(access, 1, 1);
   auto* kinds = new QHBoxLayout;
-  CheckReport = box("CheckReport", "Maintainability report", form);
-  CheckManualSend = box("CheckManualSend", "Manuel Send", form);
+  CheckReport = button<QCheckBox>("CheckReport", "Maintainability report", form);
+  CheckManualSend = button<QCheckBox>("CheckManualSend", "Manuel Send", form);
   kinds->addWidget(CheckReport);
   kinds->addWidget(CheckManualSend);
   kinds->addStretch();
@@ -177,13 +171,11 @@ QWidget* UceRequests::Parts::makeSent() {
   TextReqBytes = textField("TextReqBytes", FrameSend);
   lblReqLength = untranslated(named<QLabel>("lblReqLength", FrameSend));
   lblReqLength->setText(QStringLiteral("(bytes)"));
-  CheckLgVariable = box("CheckLgVariable", "Variable length", FrameSend);
-  cbExportSendBufferToHex = named<QPushButton>("cbExportSendBufferToHex", FrameSend);
-  cbExportSendBufferToHex->setText(QStringLiteral("->Hex"));
+  CheckLgVariable = button<QCheckBox>("CheckLgVariable", "Variable length", FrameSend);
+  cbExportSendBufferToHex = button<QPushButton>("cbExportSendBufferToHex", "->Hex", FrameSend);
   cbExportSendBufferToHex->setToolTip(
       QStringLiteral("Write the request bytes into an Intel-hex file"));
-  cbImportSendBufferFromHex = named<QPushButton>("cbImportSendBufferFromHex", FrameSend);
-  cbImportSendBufferFromHex->setText(QStringLiteral("<-Hex"));
+  cbImportSendBufferFromHex = button<QPushButton>("cbImportSendBufferFromHex", "<-Hex", FrameSend);
   cbImportSendBufferFromHex->setToolTip(
       QStringLiteral("Read the request bytes from an Intel-hex file"));
   row->addWidget(caption("lblReqBytes", "Request bytes (Hexadecimal)", TextReqBytes, FrameSend));

@@ -95,8 +95,7 @@ QWidget* UceAutoIdents::makeEntry() {
   ValCodeFour = named<QLineEdit>("ValCodeFour", FRidentVal);
   ValLogiciel = named<QLineEdit>("ValLogiciel", FRidentVal);
   ValVersion = named<QLineEdit>("ValVersion", FRidentVal);
-  buttonAddNewAi = named<QPushButton>("buttonAddNewAi", FRidentVal);
-  buttonAddNewAi->setText(QStringLiteral("Add"));
+  buttonAddNewAi = button<QPushButton>("buttonAddNewAi", "Add", FRidentVal);
   buttonAddNewAi->setToolTip(QStringLiteral("Add these values as a new row"));
   buttonAddNewAi->setAutoDefault(false);
   auto* grid = new QGridLayout(FRidentVal);

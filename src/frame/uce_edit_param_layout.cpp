@@ -25,13 +25,6 @@ using desktop::qs;
 
 namespace {
 
-template <class Box>
-Box* box(const char* name, const char* text, QWidget* parent) {
-  auto* made = named<Box>(name, parent);
-  made->setText(QLatin1String(text));
-  return made;
-}
-
 QGroupBox* frame(const char* name, const char* text, QWidget* parent) {
   auto* made = named<QGroupBox>(name, parent);
   made->setTitle(QLatin1String(text));
@@ -123,11 +116,11 @@ QWidget* UceEditParam::Parts::makeGeneral(QWidget* parent) {
   ComboTypePanne = named<QComboBox>("ComboTypePanne", general);
   ComboTypePanne->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   ComboTypePanne->setMinimumContentsLength(12);
-  CheckOfficia = box<QCheckBox>("CheckOfficia", "Official since", general);
+  CheckOfficia = button<QCheckBox>("CheckOfficia", "Official since", general);
   DateOfficia = named<OfficialDateField>("DateOfficia", general);
   TypeCodage = new QButtonGroup(&page);
-  bigEndian = box<QRadioButton>("TypeCodage", "Big Endian     (F - f)", general);
-  littleEndian = box<QRadioButton>("TypeCodage", "Little Endian   (f - F)", general);
+  bigEndian = button<QRadioButton>("TypeCodage", "Big Endian     (F - f)", general);
+  littleEndian = button<QRadioButton>("TypeCodage", "Little Endian   (f - F)", general);
   bigEndian->setProperty(desktop::controlIndexProperty, 0);
   littleEndian->setProperty(desktop::controlIndexProperty, 1);
   TypeCodage->addButton(bigEndian, 0);
@@ -179,7 +172,7 @@ void UceEditParam::Parts::makeCan(QWidget* parent) {
   FrCan->setProperty(desktop::controlTypeProperty, QString()); // named after the protocol
   canXid = new CanIdentifierField(QStringLiteral("canXid"), FrCan);
   canRid = new CanIdentifierField(QStringLiteral("canRid"), FrCan);
-  CheckCGW = box<QCheckBox>("CheckCGW", "behind the central gateway (CGW)", FrCan);
+  CheckCGW = button<QCheckBox>("CheckCGW", "behind the central gateway (CGW)", FrCan);
   LabelCGW = caption("LabelCGW", "Gateway", CheckCGW, FrCan);
   ComboMaxDataLangthCANFD = list("ComboMaxDataLangthCANFD", canFdDataLengths(), FrCan);
   LbMaxDataLangthCANFD =
@@ -223,7 +216,7 @@ void UceEditParam::Parts::makeIp(QWidget* parent) {
   FrIP = frame("FrIP", "DiagOnIP", parent);
   txIPAddress = textField("txIPAddress", FrIP);
   txMACAddress = textField("txMACAddress", FrIP);
-  CheckCGWIP = box<QCheckBox>("CheckCGWIP", "behind the central gateway (CGW)", FrIP);
+  CheckCGWIP = button<QCheckBox>("CheckCGWIP", "behind the central gateway (CGW)", FrIP);
   LabelCGWIP = caption("LabelCGWIP", "Gateway", CheckCGWIP, FrIP);
   QGridLayout* grid = gridOf(FrIP);
   grid->addWidget(caption("LabelIPAddress", "IP address", txIPAddress, FrIP), 0, 0);
@@ -245,7 +238,7 @@ void UceEditParam::Parts::makeTiming(QWidget* parent) {
   constexpr int firstColumn = 5; // rows
   for (std::size_t i = 0; i < parameterNumberCount; ++i) {
     const NumberCaption& texts = numberCaptions[i];
-    numbers[i].box = box<QCheckBox>(texts.box, texts.text, Timing);
+    numbers[i].box = button<QCheckBox>(texts.box, texts.text, Timing);
     numbers[i].box->setToolTip(QStringLiteral("Check the box to change the default value"));
     numbers[i].field = named<QLineEdit>(texts.field, Timing);
     numbers[i].field->setAlignment(Qt::AlignRight);

@@ -88,10 +88,9 @@ void UceSelector::Parts::makeControls() {
   changeFunctionRow = new QWidget(framSummary);
   cbFunctionsName = named<QComboBox>("cbFunctionsName", changeFunctionRow);
   cbFunctionsName->setMaxVisibleItems(20);
-  cmdChangeFunctionOK = named<QPushButton>("cmdChangeFunctionOK", changeFunctionRow);
-  cmdChangeFunctionOK->setText(QStringLiteral("OK"));
-  cmdChangeFunctionCancel = named<QPushButton>("cmdChangeFunctionCancel", changeFunctionRow);
-  cmdChangeFunctionCancel->setText(QStringLiteral("Cancel"));
+  cmdChangeFunctionOK = button<QPushButton>("cmdChangeFunctionOK", "OK", changeFunctionRow);
+  cmdChangeFunctionCancel =
+      button<QPushButton>("cmdChangeFunctionCancel", "Cancel", changeFunctionRow);
   lbFileName = named<ShortenedLabel>("lbFileName", framSummary);
   cmdLinkNewPDM = named<QToolButton>("cmdLinkNewPDM", framSummary);
   cmdLinkNewPDM->setText(QStringLiteral("Permanent link"));
@@ -120,8 +119,7 @@ void UceSelector::Parts::makeControls() {
   txdSup = named<QLineEdit>("txdSup", FrDetect);
   txdSoft = named<QLineEdit>("txdSoft", FrDetect);
   txdVers = named<QLineEdit>("txdVers", FrDetect);
-  cbDetect = named<QPushButton>("cbDetect", FrDetect);
-  cbDetect->setText(QStringLiteral("Detect"));
+  cbDetect = button<QPushButton>("cbDetect", "Detect", FrDetect);
   cbDetect->setIcon(icon("search"));
   lbResult = named<QLabel>("lbResult", FrDetect);
   lbResult->setTextFormat(Qt::PlainText);
