@@ -130,9 +130,17 @@ void ZEMnumeric::setvalue(double requested) {
   // A number that nobody types is not lost to the base that it would be shown in.
   NumberRules anyBase = rules_;
   anyBase.Base = NumberBase::Decimal;
-  if (std::isfinite(requested) &&
-      correctedNumber(requested, rules_) != correctedNumber(requested, anyBase))
+  NumberRules hexadecimal = rules_;
+  hexadecimal.Base = NumberBase::Hexadecimal;
+  const bool fitsHexadecimal =
+      !std::isfinite(requested) ||
+      correctedNumber(requested, hexadecimal) == correctedNumber(requested, anyBase);
+  if (!fitsHexadecimal && Base() != 0) {
     setBase(0);
+    leftHexadecimal_ = true;
+  } else if (fitsHexadecimal && leftHexadecimal_) {
+    setBase(1);
+  }
   take(requested);
 }
 
@@ -152,6 +160,7 @@ void ZEMnumeric::SetMinMax(double minimum, double maximum) {
 }
 
 void ZEMnumeric::setBase(int base) {
+  leftHexadecimal_ = false;
   rules_.Base = base == 0 ? NumberBase::Decimal : NumberBase::Hexadecimal;
   cbBase_->setText(base == 0 ? QStringLiteral("D") : QStringLiteral("H"));
   Refresh();
@@ -300,7 +309,10 @@ bool ZEMnumeric::takeKey(const QKeyEvent& event) {
     return false;
   case NumberKey::ToggleBase:
     // Without the button nothing would tell in which base the number is read.
-    if (BaseButtonVisible()) chooseBase(Base() == 0 ? 1 : 0);
+    if (BaseButtonVisible())
+      chooseBase(Base() == 0 ? 1 : 0);
+    else
+      commitText();
     return true;
   }
   return true;

@@ -53,8 +53,8 @@ class ZEMnumeric : public QWidget {
   /// The committed value.
   double value() const { return value_; }
   /// Corrects it by limits and grid as a typed one, and raises the same signals. One that the
-  /// hexadecimal base cannot hold, such as a negative one, leads back to the decimal base. A value
-  /// that is not finite is not taken.
+  /// hexadecimal base cannot hold, such as a negative one, is shown in the decimal base, and the
+  /// next one in the hexadecimal base again. A value that is not finite is not taken.
   void setvalue(double requested);
 
   // Limits and grid hold for the values that come after them; the present one stays.
@@ -85,7 +85,7 @@ class ZEMnumeric : public QWidget {
 
   bool IncDecButtonVisible() const;
   void setIncDecButtonVisible(bool visible);
-  /// Where it is not, the key H leaves the base alone.
+  /// Where it is not, the key H leaves the base alone and only commits.
   bool BaseButtonVisible() const;
   void setBaseButtonVisible(bool visible);
 
@@ -166,6 +166,7 @@ class ZEMnumeric : public QWidget {
   const QEvent* passedOn_ = nullptr; // the key event that the text box had already
 
   NumberRules rules_;
+  bool leftHexadecimal_ = false; // for a value that it cannot hold, until the next one
   double value_ = 0;
   double increment_ = 1;
   int numberDigit_ = 0, maxLength_ = 0, alignment_ = 0;

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "base/text.h"
 #include "database/target_item.h"
 #include "database/target_walk.h"
 
@@ -10,14 +11,23 @@ namespace kelmar {
 
 namespace {
 
-/// True when each flag is found by its own name. One that RenameFlag left under its old key is not:
-/// it can be in the way of a flag of that name.
-bool flagsStandUnderTheirNames(const OrganeItem& device) {
+/// True when the names in the device are independent of one another: each flag is found by its own
+/// name, which one that RenameFlag left under its old key is not, and no two names differ in case
+/// alone. Otherwise one position may take what another one would have found.
+bool namesAreIndependent(const OrganeItem& device) {
+  std::unordered_map<std::string, std::string_view> spellings;
+  const auto isSpeltAlike = [&](const std::string& name) {
+    return spellings.try_emplace(foldCase(name), name).first->second == name;
+  };
+  if (device.DeviceDatas)
+    for (const DeviceDataItem* datum : *device.DeviceDatas)
+      if (!isSpeltAlike(datum->dataName)) return false;
   if (!device.Tests) return true;
   for (const TestItem* test : *device.Tests)
     for (const FlagPositions* flags : {&test->StoredFlag, &test->PresentFlag})
       for (const DataPositionItem* flag : *flags)
-        if (flags->findKey(NameKey(flag->dataName)) != flag) return false;
+        if (flags->findKey(NameKey(flag->dataName)) != flag || !isSpeltAlike(flag->dataName))
+          return false;
   return true;
 }
 
@@ -31,7 +41,7 @@ class GoneReferences {
   }
 
   void leave(OrganeItem& device) const {
-    if (!flagsStandUnderTheirNames(device)) {
+    if (!namesAreIndependent(device)) {
       for (const DataPositionItem* position : all_)
         device.DeleteDataPosition(*position);
       return;

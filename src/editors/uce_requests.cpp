@@ -223,6 +223,7 @@ bool UceRequests::TestAndConfirmChange() {
 void UceRequests::Parts::translate() {
   desktop::TranslateControl(page, language::global(), "REQUESTS/CONTROLS");
   page.refreshCount();
+  lblReqLength->setText(qs(requestLengthText(u8(TextReqBytes->text()))));
   ShowErrorMsg();
   nameForReaders();
 }

@@ -230,9 +230,14 @@ void UceRequests::Parts::connectControls() {
 
 /// Comment and bytes are typed for a selected row, and as long as something is to be validated.
 void UceRequests::Parts::enableFields() {
-  const bool open = LVrequests->selectionModel()->hasSelection() || page.edits().changed();
-  TextComment->setEnabled(open);
-  TextReqBytes->setEnabled(open);
+  const bool taken = LVrequests->selectionModel()->hasSelection() || page.edits().changed();
+  // The field in which a person types keeps the keyboard, and takes nothing more.
+  const auto open = [](auto* field, bool isOpen) {
+    field->setEnabled(isOpen || field->hasFocus());
+    field->setReadOnly(!isOpen);
+  };
+  open(TextComment, taken);
+  open(TextReqBytes, taken);
 }
 
 void UceRequests::Parts::colourFields() {

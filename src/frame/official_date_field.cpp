@@ -9,6 +9,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include <utility>
+
 namespace kelmar {
 
 using desktop::qs;
@@ -47,18 +49,22 @@ void OfficialDateField::stepBy(int steps) {
 void OfficialDateField::keyPressEvent(QKeyEvent* event) {
   const QString typed = event->text();
   const QLineEdit& field = *lineEdit();
-  if (typed.size() == 1 && typed.front().isDigit()) {
+  const bool isDigit = typed.size() == 1 && typed.front().isDigit();
+  const bool wasLeft = std::exchange(digitLeftSection_, false);
+  if (isDigit) {
     // What is typed over the whole begins with the day.
     if (const bool begins = showsNoDate(); begins || field.selectedText() == field.text()) {
       if (begins) showNow();
       setSelectedSection(sectionAt(0));
     }
-  } else if (!typed.isEmpty()) {
+  } else if (!typed.isEmpty() && wasLeft) {
     // A full section leads to the next one by itself: the separator typed then is passed already.
     const int place = field.hasSelectedText() ? field.selectionStart() : field.cursorPosition();
     if (field.text().left(place).endsWith(typed)) return;
   }
+  const Section before = currentSection();
   QDateTimeEdit::keyPressEvent(event);
+  digitLeftSection_ = isDigit && currentSection() != before;
 }
 
 void OfficialDateField::mousePressEvent(QMouseEvent* event) {

@@ -31,6 +31,8 @@ class OfficialDateField : public QDateTimeEdit {
  private:
   bool showsNoDate() const;
   void showNow();
+
+  bool digitLeftSection_ = false; ///< the last key
 };
 
 } // namespace kelmar

@@ -269,6 +269,10 @@ void UceEditParam::Parts::showControls(const EditParamFields& fields) {
   ComboTypeCom->setCurrentIndex(fields.ComboTypeCom - 1);
   select(*ComboBaudRate, fields.ComboBaudRate);
   select(*ComboMaxDataLangthCANFD, canFdDataLengths(), fields.ComboMaxDataLangthCANFD);
+  for (std::size_t i = 0; i < parameterNumberCount; ++i) {
+    numbers[i].box->setChecked(fields.numbers[i].changed);
+    numbers[i].field->setEnabled(fields.numbers[i].changed);
+  }
   showConverted(fields);
   (fields.littleEndian ? littleEndian : bigEndian)->setChecked(true);
   setText(*TextReprog, fields.TextReprog);
@@ -292,11 +296,8 @@ void UceEditParam::Parts::showConverted(const EditParamFields& fields) {
   setText(*KW1, fields.KW1);
   setText(*KW2, fields.KW2);
   refreshFakra();
-  for (std::size_t i = 0; i < parameterNumberCount; ++i) {
-    numbers[i].box->setChecked(fields.numbers[i].changed);
-    numbers[i].field->setEnabled(fields.numbers[i].changed);
+  for (std::size_t i = 0; i < parameterNumberCount; ++i)
     setText(*numbers[i].field, fields.numbers[i].text);
-  }
   setText(*txIPAddress, fields.txIPAddress);
   setText(*txMACAddress, fields.txMACAddress);
 }

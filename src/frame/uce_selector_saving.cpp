@@ -62,6 +62,8 @@ bool UceSelector::saveFile(bool saveAs) {
   platform::AddRecentEntry(parts.machine.settings, "RecentFile", parts.fileName);
   parts.edits.clear();
   parts.changes.forget();
+  // An empty name was not taken over.
+  if (CleanSpaces(u8(parts.TxEcuName->text())).empty()) parts.showSummary();
   parts.state.itemsNotKept = false;
   parts.applyState();
   return true;

@@ -166,6 +166,12 @@ TEST_F(ZEMnumericTest, Hexadecimal_ANegativeValueThatCodeSetsIsShownInTheDecimal
   EXPECT_EQ(field->Base(), 0);
   EXPECT_EQ(control<QToolButton>(*field, "CBBase").text().toStdString(), "D");
   EXPECT_EQ(heard(), "changed 5 -1");
+  field->setvalue(26);
+  EXPECT_EQ(text(), "1A") << "the base that was chosen";
+  field->setvalue(-1);
+  field->setBase(0);
+  field->setvalue(26);
+  EXPECT_EQ(text(), "26") << "the base that was chosen since";
   // One that the limits bring within the base stays in it.
   field->setRangeChecking(true);
   field->SetMinMax(0, 9);
@@ -175,11 +181,10 @@ TEST_F(ZEMnumericTest, Hexadecimal_ANegativeValueThatCodeSetsIsShownInTheDecimal
   EXPECT_EQ(field->Base(), 1);
 }
 
-TEST_F(ZEMnumericTest, KeyH_DoesNothingWhereNoButtonTellsTheBase) {
+TEST_F(ZEMnumericTest, KeyH_OnlyCommitsWhereNoButtonTellsTheBase) {
   field->setBaseButtonVisible(false);
   retype(box(), "16");
   type(box(), "h");
-  press(box(), Qt::Key_Return);
   EXPECT_EQ(field->Base(), 0);
   EXPECT_EQ(text(), "16");
   EXPECT_EQ(field->value(), 16);

@@ -376,10 +376,17 @@ TEST_F(UceEditParamPage, ASaveShowsWhatIsStored) {
   EXPECT_EQ(text("TextFakra"), "13520");
   EXPECT_EQ(parameters().InterByteDelay, 2);
   EXPECT_EQ(text("TextInterByte"), "2");
-  EXPECT_FALSE(box("CheckKW2").isChecked());
   EXPECT_EQ(parameters().IPAddress, "??.??.??.??");
   EXPECT_EQ(text("txIPAddress"), "??.??.??.??");
   EXPECT_FALSE(page->TestAndConfirmChange());
+}
+
+TEST_F(UceEditParamPage, ASaveLeavesTheKeyboardInAFieldWithTheDefault) {
+  click(usable<QCheckBox>(*page, "CheckInterByte"));
+  press(field("TextInterByte"), Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(field("TextInterByte").hasFocus());
+  showAgain();
+  EXPECT_FALSE(box("CheckInterByte").isChecked());
 }
 
 TEST_F(UceEditParamPage, ASaveLeavesTheCursorInItsField) {
@@ -570,6 +577,15 @@ TEST_F(UceEditParamPage, ADateIsTypedWithItsSeparatorsOrWithout) {
   EXPECT_EQ(dateText(), "05/03/2027 09:30:09");
   retype(date(), "25122028101112");
   EXPECT_EQ(dateText(), "25/12/2028 10:11:12");
+}
+
+TEST_F(UceEditParamPage, SeparatorsLeadThroughTheDate) {
+  parameters().DateOfficialisation = "15/01/2026 07:08:09";
+  showAgain();
+  date().setFocus();
+  press(date(), Qt::Key_Home);
+  type(date(), "//30");
+  EXPECT_EQ(dateText(), "15/01/30 07:08:09");
 }
 
 TEST_F(UceEditParamPage, TheArrowKeysGoOnFromNowWhereThereIsNoDate) {

@@ -104,6 +104,16 @@ TEST_F(UceRequestsEdits, NumbersOfAFileThatAreOutOfRangeStayAsTheyAre) {
   EXPECT_EQ(read.LengthDatas, -3);
 }
 
+TEST_F(UceRequestsEdits, TheFieldInWhichAPersonTypesKeepsTheKeyboardOverASave) {
+  auto& comment = control<QPlainTextEdit>(*page, "TextComment");
+  chooseForRequest("mnuRequestSelectManualSend");
+  click(usable<QCheckBox>(*page, "CheckUsine"));
+  type(comment, "hello");
+  press(comment, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(comment.hasFocus());
+  EXPECT_TRUE(comment.isReadOnly());
+}
+
 TEST_F(UceRequestsEdits, AnotherLanguageLeavesTabAndTypedTextAlone) {
   tab(1);
   retype(field("Rtemplate"), "6102");
@@ -287,7 +297,7 @@ TEST_F(UceRequestsEdits, BytesAndCommentOfNoSelectedRowCannotBeTyped) {
   EXPECT_NE(field("TextReqBytes").palette().color(QPalette::Text), QColor(255, 0, 0));
   key("valid");
   EXPECT_EQ(the("Read").RequestBytes->HexText(), "2102");
-  EXPECT_FALSE(field("TextReqBytes").isEnabled());
+  EXPECT_TRUE(field("TextReqBytes").isReadOnly());
 }
 
 TEST_F(UceRequestsEdits, NegativeNumbersOfAFileAreShownAlsoBesideHexadecimalOnes) {

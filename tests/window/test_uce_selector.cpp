@@ -303,6 +303,14 @@ TEST_F(UceSelectorTest, Save_MayBeRepeatedByTheFrame) {
   EXPECT_TRUE(again);
 }
 
+TEST_F(UceSelectorTest, SaveFile_ShowsTheNameThatItKeptForAnEmptyOne) {
+  open(engine);
+  const QString before = the("TxEcuName").text();
+  retype(the("TxEcuName"), " ");
+  EXPECT_TRUE(page->saveFile());
+  EXPECT_EQ(the("TxEcuName").text(), before);
+}
+
 TEST_F(UceSelectorTest, Save_WithoutANameIsRefused) {
   open(engine);
   retype(the("TxEcuName"), "   ");
