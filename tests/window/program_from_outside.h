@@ -102,6 +102,16 @@ inline void press(const QString& key) {
   xdotool({"key", "--clearmodifiers", key});
 }
 
+/// Points in pixels of the window.
+inline void moveTo(const QString& window, QPoint point) {
+  xdotool({"mousemove", "--sync", "--window", window, QString::number(point.x()),
+           QString::number(point.y())});
+}
+inline void clickAt(const QString& window, QPoint point) {
+  moveTo(window, point);
+  xdotool({"click", "1"});
+}
+
 inline QProcessEnvironment environmentWithout(const QStringList& names) {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   for (const QString& name : names)
@@ -113,25 +123,6 @@ inline std::string nameIn(const std::string& file) {
   OmnikorLibXml database;
   database.ImportUceFromXml(file);
   return database.ActiveTarget->name();
-}
-
-/// Where a control of the window stands in it, found in a window of this process that is made
-/// from the same code at the same size.
-inline QPoint placeInWindow(const support::SmallSite& site, const QString& control) {
-  support::ScriptedPerson person;
-  support::MemorySettings settings;
-  support::NotedProcesses processes;
-  platform::SiteStart start;
-  start.site = site.root();
-  start.language = "en";
-  platform::SiteSettings siteSettings(start);
-  KelmarForm form({person, settings, processes, siteSettings}, {});
-  form.start("");
-  support::showToUser(form);
-  form.openFile(site.engine());
-  QCoreApplication::processEvents();
-  const QWidget& found = support::controlNamed(form, control);
-  return found.mapTo(&form, found.rect().center());
 }
 
 inline QStringList onSite(const support::SmallSite& site, const QStringList& more = {}) {

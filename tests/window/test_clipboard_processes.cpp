@@ -3,13 +3,9 @@
 //
 // Requests that go from one program to another through the clipboard of the desktop, and that are
 // dragged within one.
-#include "app/pages.h"
 #include "base/text.h"
-#include "controls/list_view.h"
 #include "desktop/clipboard.h"
-#include "window/program_from_outside.h"
-
-#include <QTabBar>
+#include "window/twin_window.h"
 
 namespace kelmar {
 namespace {
@@ -22,41 +18,11 @@ struct Places {
 };
 
 Places placesFor(const support::SmallSite& site) {
-  support::ScriptedPerson person;
-  support::MemorySettings settings;
-  support::NotedProcesses processes;
-  platform::SiteStart start;
-  start.site = site.root();
-  start.language = "en";
-  platform::SiteSettings siteSettings(start);
-  const KelmarForm::Machine machine{person, settings, processes, siteSettings};
-  KelmarForm form(machine, {}, pageMakers(machine));
-  form.start("");
-  support::showToUser(form);
-  form.openFile(site.engine());
-  auto& tabs = support::control<QTabBar>(form, "TabStripPrincipal");
-  int tab = 0;
-  while (tabs.tabText(tab) != QLatin1String("Requests"))
-    if (++tab == tabs.count()) throw std::runtime_error("no tab of requests");
-  tabs.setCurrentIndex(tab);
-  auto& list = support::control<ListView>(form, "LVrequests");
-  if (!support::waitUntil([&] { return list.isVisible() && list.rows().rowCount() == 1; }))
-    throw std::runtime_error("the requests do not show");
-  const QRect row = list.visualRect(list.rows().index(0, 0));
-  const auto at = [&](QPoint inList) { return list.viewport()->mapTo(&form, inList); };
-  return {tabs.mapTo(&form, tabs.tabRect(tab).center()),
-          at(QPoint(row.left() + 40, row.center().y())),
-          at(QPoint(row.left() + 60, list.viewport()->height() / 2))};
-}
-
-void moveTo(const QString& window, QPoint point) {
-  xdotool({"mousemove", "--sync", "--window", window, QString::number(point.x()),
-           QString::number(point.y())});
-}
-
-void clickAt(const QString& window, QPoint point) {
-  moveTo(window, point);
-  xdotool({"click", "1"});
+  TwinWindow twin(site, site.engine());
+  twin.turnTo("Requests");
+  const QPoint below(100, twin.as<ListView>({"LVrequests"}).viewport()->height() / 2);
+  return {twin.placeOfTab("TabStripPrincipal", "Requests"), twin.placeOfRow({"LVrequests"}, 0),
+          twin.place(*twin.as<ListView>({"LVrequests"}).viewport(), below)};
 }
 
 /// An ECU file that knows other data and requests than that of the engine.

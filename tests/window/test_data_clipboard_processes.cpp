@@ -2,13 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Data and values that go from one program to another through the clipboard of the desktop.
-#include "app/pages.h"
 #include "base/text.h"
-#include "controls/list_view.h"
 #include "desktop/clipboard.h"
-#include "window/program_from_outside.h"
-
-#include <QTabBar>
+#include "window/twin_window.h"
 
 namespace kelmar {
 namespace {
@@ -21,39 +17,10 @@ struct Places {
 };
 
 Places placesFor(const support::SmallSite& site) {
-  support::ScriptedPerson person;
-  support::MemorySettings settings;
-  support::NotedProcesses processes;
-  platform::SiteStart start;
-  start.site = site.root();
-  start.language = "en";
-  platform::SiteSettings siteSettings(start);
-  const KelmarForm::Machine machine{person, settings, processes, siteSettings};
-  KelmarForm form(machine, {}, pageMakers(machine));
-  form.start("");
-  support::showToUser(form);
-  form.openFile(site.engine());
-  auto& tabs = support::control<QTabBar>(form, "TabStripPrincipal");
-  int tab = 0;
-  while (tabs.tabText(tab) != QLatin1String("Data"))
-    if (++tab == tabs.count()) throw std::runtime_error("no tab of data");
-  tabs.setCurrentIndex(tab);
-  auto& datas = support::control<ListView>(form, "listDatas");
-  auto& values = support::control<ListView>(form, "LVmain");
-  if (!support::waitUntil([&] { return values.isVisible() && values.rows().rowCount() > 0; }))
-    throw std::runtime_error("the values do not show");
-  QCoreApplication::processEvents();
-  const auto firstRow = [&form](ListView& list) {
-    const QRect row = list.visualRect(list.rows().index(0, 0));
-    return list.viewport()->mapTo(&form, QPoint(row.left() + 30, row.center().y()));
-  };
-  return {tabs.mapTo(&form, tabs.tabRect(tab).center()), firstRow(datas), firstRow(values)};
-}
-
-void clickAt(const QString& window, QPoint point) {
-  xdotool({"mousemove", "--sync", "--window", window, QString::number(point.x()),
-           QString::number(point.y())});
-  xdotool({"click", "1"});
+  TwinWindow twin(site, site.engine());
+  twin.turnTo("Data");
+  return {twin.placeOfTab("TabStripPrincipal", "Data"), twin.placeOfRow({"listDatas"}, 0),
+          twin.placeOfRow({"LVmain"}, 0)};
 }
 
 /// An ECU file whose only data has these values.

@@ -49,6 +49,11 @@ class ParametersInEditor : public testing::Test {
     editor->selector().OpenEcuFile(site.engine());
     goTo(1);
   }
+  void expectQuestion(platform::Answer answer) {
+    person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
+                  "Parameters changed, save change ?", platform::Buttons::YesNo,
+                  platform::Icon::Question, answer);
+  }
   void goTo(int tab) {
     auto& tabs = control<QTabBar>(*editor, "TabStripPrincipal");
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
@@ -90,17 +95,13 @@ TEST_F(ParametersInEditor, AreSavedAtOnceAndTheMarkGoes) {
 
 TEST_F(ParametersInEditor, AreAskedAboutWhenTheTabIsLeft) {
   retype(field("txtEmail"), "a@b.example");
-  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
-                "Parameters changed, save change ?", platform::Buttons::YesNo,
-                platform::Icon::Question, platform::Answer::No);
+  expectQuestion(platform::Answer::No);
   goTo(0);
   EXPECT_EQ(caption(1), "Parameters");
   goTo(1);
   EXPECT_EQ(u8(field("txtEmail").text()), "");
   retype(field("txtEmail"), "c@d.example");
-  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
-                "Parameters changed, save change ?", platform::Buttons::YesNo,
-                platform::Icon::Question, platform::Answer::Yes);
+  expectQuestion(platform::Answer::Yes);
   goTo(0);
   EXPECT_NE(bytesOf(site.engine()).find("email=\"c@d.example\""), std::string::npos);
 }
@@ -129,9 +130,7 @@ TEST_F(ParametersInEditor, ThatCouldNotBeSavedAreAskedAboutBeforeAnotherEcuOpens
 TEST_F(ParametersInEditor, ThatCannotBeSavedAreTriedOnceWhenTheTabIsLeft) {
   retype(field("txtEmail"), "a@b.example");
   std::filesystem::rename(site.file("vehicles/Tern"), site.file("vehicles/Away"));
-  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
-                "Parameters changed, save change ?", platform::Buttons::YesNo,
-                platform::Icon::Question, platform::Answer::Yes);
+  expectQuestion(platform::Answer::Yes);
   person.expect("SELECTOR/MSG/fileSaveError/text", "Save error",
                 "File '" + site.engine() + "' badly saved. Check disk size, name, ...",
                 platform::Buttons::Ok, platform::Icon::Critical, platform::Answer::Ok);
@@ -145,9 +144,7 @@ TEST_F(ParametersInEditor, LeaveNoMarkBehindWhenTheirChangesAreDropped) {
   const std::string before = bytesOf(site.engine());
   retype(identifier, "FFF");
   EXPECT_EQ(caption(1), "Parameters *");
-  person.expect("PARAMS/MSG/modifyParameters/text", "Confirm modification",
-                "Parameters changed, save change ?", platform::Buttons::YesNo,
-                platform::Icon::Question, platform::Answer::No);
+  expectQuestion(platform::Answer::No);
   goTo(0);
   EXPECT_EQ(caption(1), "Parameters");
   goTo(1);

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: the Kelmar developers
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "window/program_from_outside.h"
+#include "window/twin_window.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -71,14 +71,13 @@ TEST(Program, EndsAfterItsFirstPaintWhenItIsMeasured) {
 
 TEST(Program, OpensEditsSavesAndTheFileReadsBack) {
   const support::SmallSite site;
-  const QPoint nameField = placeInWindow(site, "TxEcuName");
+  const QPoint nameField = TwinWindow(site, site.engine()).placeOf({"TxEcuName"});
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert("KELMAR_CLOCK", "2026-01-02T03:04");
   Program program(onSite(site, {QString::fromStdString(site.engine())}), environment);
   const QString window = windowWith(captionOf("Engine"));
   focus(window);
-  xdotool({"mousemove", "--sync", "--window", window, QString::number(nameField.x()),
-           QString::number(nameField.y()), "click", "1"});
+  clickAt(window, nameField);
   press("ctrl+a");
   xdotool({"type", "--delay", "20", "Engine two"});
   press("ctrl+s");

@@ -25,6 +25,13 @@ class UceRequestsList : public UceRequestsWindow {
     }
     recorder.take();
   }
+  void expectNormalising() {
+    expectYesNo(
+        "REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
+        "Normalize space suppress white spaces at the start and end of the data name and "
+        "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
+        Answer::Yes);
+  }
   void tellsNormalised(const char* key, const std::string& text) {
     person.expect(key, "Information", text, Buttons::Ok, Icon::Information, Answer::Ok);
   }
@@ -106,11 +113,7 @@ TEST_F(UceRequestsList, ANameCommandTakesBoldAndToolTipAndLeavesTheColour) {
   the("Write").requestName = "Write  it";
   enterAgain();
   selectRows({0, 1, 2});
-  expectYesNo(
-      "REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
-      "Normalize space suppress white spaces at the start and end of the data name and "
-      "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
-      Answer::Yes);
+  expectNormalising();
   chooseForRequest("PopupReqNormalize");
   expectYesNo("REQUESTS/MSG/PopupRequcase_Click/text", "User confirm", "Convert name to uppercase?",
               Answer::Yes);
@@ -429,11 +432,7 @@ TEST_F(UceRequestsList, NameCommandsOfTheMenuRenameTheSelection) {
   chooseForRequest("PopupReqReplace");
   EXPECT_EQ(requestNames(), "Leaad|Write|Session");
   the("Write").requestName = " Write  it ";
-  expectYesNo(
-      "REQUESTS/MSG/PopupReqNormalize_Click/confirm/text", "User confirm",
-      "Normalize space suppress white spaces at the start and end of the data name and "
-      "replace multi-space by a single one.\r\nDo you want to normalize selected data name?",
-      Answer::Yes);
+  expectNormalising();
   chooseForRequest("PopupReqNormalize");
   EXPECT_EQ(requestNames(), "Leaad|Write it|Session");
 }
